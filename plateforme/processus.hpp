@@ -1,0 +1,23 @@
+// Lancement d'un programme, sortie et erreur standard réunies dans un seul tube.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace plateforme {
+
+struct FinDeProcessus {
+    // Octets reçus, dans l'ordre du tube ; le texte de l'erreur quand le programme n'a pas démarré.
+    std::string octets;
+    // Statut de fin ; le numéro du signal quand un signal l'a tué ; -1 quand il n'a pas démarré.
+    int code = -1;
+};
+
+// Lance `chemin` (absolu) avec ces arguments, sans interpréteur, lit le tube jusqu'à sa fin, puis
+// attend la fin du programme. Bloque le fil appelant aussi longtemps que le programme, ou un
+// descendant qui garde le tube ouvert, vit. S'appelle de n'importe quel fil, de plusieurs à la fois.
+// L'enfant hérite de l'entrée standard, de l'environnement et du dossier courant, et d'aucun autre
+// descripteur.
+FinDeProcessus executer(const std::string& chemin, const std::vector<std::string>& arguments);
+
+} // namespace plateforme
