@@ -1,0 +1,137 @@
+// creer_mac : fait d'un scénario un Mac simulé, ou dit en une phrase pourquoi il ne le peut pas.
+
+#include "mac_simule/racine/creation.hpp"
+#include "mac_simule/racine/etat.hpp"
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+#include <set>
+
+namespace fs = std::filesystem;
+using namespace mac_simule;
+
+namespace {
+
+constexpr int kEchec = 2;
+constexpr const char* kUsage =
+    "Usage : creer_mac --scenario NOM [--outils DOSSIER] [--scenarios DOSSIER]\n"
+    "                  [--utilisateur NOM] RACINE\n"
+    "        creer_mac --liste [--scenarios DOSSIER]\n"
+    "        creer_mac --verifier RACINE\n";
+
+struct Demande {
+    std::string scenario;
+    std::string utilisateur;
+    fs::path outils;
+    fs::path scenarios;
+    fs::path racine;
+    bool liste = false;
+    bool verifier = false;
+};
+
+int echouer(const std::string& phrase) {
+    std::cerr << phrase << '\n';
+    return kEchec;
+}
+
+// Les outils et les scénarios sont construits à côté du programme.
+fs::path dossierDuProgramme() {
+    std::error_code ignoree; // sans /proc, le dossier courant sert
+    return fs::read_symlink("/proc/self/exe", ignoree).parent_path();
+}
+
+std::optional<Demande> lireDemande(const std::vector<std::string>& arguments) {
+    Demande d;
+    std::error_code ignoree; // sans dossier courant, le chemin reste relatif et sera refusé
+    d.outils = dossierDuProgramme() / "outils";
+    d.scenarios = dossierDuProgramme() / "scenarios";
+    for (auto it = arguments.begin(); it != arguments.end(); ++it) {
+        if (*it == "--liste" || *it == "--verifier") {
+            (*it == "--liste" ? d.liste : d.verifier) = true;
+        } else if (it->rfind("--", 0) != 0) {
+            if (!d.racine.empty() || it->empty()) {
+                return {};
+            }
+            d.racine = fs::absolute(*it, ignoree).lexically_normal();
+        } else if (const auto& option = *it; ++it == arguments.end()) {
+            return {};
+        } else if (option == "--scenario") {
+            d.scenario = *it;
+        } else if (option == "--outils") {
+            d.outils = *it;
+        } else if (option == "--scenarios") {
+            d.scenarios = *it;
+        } else if (option == "--utilisateur" && nomUtilisateurValide(*it)) {
+            d.utilisateur = *it;
+        } else {
+            return {};
+        }
+    }
+    if (!d.racine.has_filename()) {
+        d.racine = d.racine.parent_path(); // « dossier/ » est « dossier »
+    }
+    return d;
+}
+
+std::set<fs::path> fichiersScenarios(const fs::path& dossier) {
+    std::set<fs::path> fichiers;
+    std::error_code ignoree; // un dossier qui ne se lit pas n'a pas de scénario
+    for (const auto& entree : fs::directory_iterator(dossier, ignoree)) {
+        if (entree.path().extension() == ".scenario") {
+            fichiers.insert(entree.path());
+        }
+    }
+    return fichiers;
+}
+
+int lister(const fs::path& dossier) {
+    for (const auto& fichier : fichiersScenarios(dossier)) {
+        const auto lu = lireScenario(lireFichier(fichier));
+        const auto* scenario = std::get_if<Scenario>(&lu);
+        std::string nom = fichier.stem();
+        nom.resize(std::max<std::size_t>(nom.size(), 28), ' ');
+        std::cout << nom << ' '
+                  << (scenario != nullptr ? scenario->description : std::get<std::string>(lu))
+                  << '\n';
+    }
+    return 0;
+}
+
+int creer(const Demande& demande) {
+    const auto fichiers = fichiersScenarios(demande.scenarios);
+    const auto fichier = demande.scenarios / (demande.scenario + ".scenario");
+    if (fichiers.count(fichier) == 0) {
+        return echouer("Le scénario « " + demande.scenario +
+                       " » n'existe pas ; --liste donne les scénarios.");
+    }
+    auto lu = lireScenario(lireFichier(fichier));
+    if (const auto* erreur = std::get_if<std::string>(&lu)) {
+        return echouer("Le scénario « " + demande.scenario + " » ne se lit pas, " + *erreur + ".");
+    }
+    auto& scenario = std::get<Scenario>(lu);
+    if (!demande.utilisateur.empty()) {
+        scenario.utilisateur = demande.utilisateur;
+    }
+    const std::string erreur = creerMac(scenario, demande.outils, demande.racine);
+    return erreur.empty() ? 0 : echouer(erreur);
+}
+
+} // namespace
+
+int main(int nombre, char** arguments) {
+    const auto demande = lireDemande({arguments + 1, arguments + nombre});
+    if (!demande || (!demande->liste && demande->racine.empty())) {
+        std::cerr << kUsage;
+        return kEchec;
+    }
+    if (demande->liste) {
+        return lister(demande->scenarios);
+    }
+    if (demande->verifier) {
+        return estUnMac(demande->racine)
+                   ? 0
+                   : echouer("« " + demande->racine.string() + " » n'est pas un Mac simulé.");
+    }
+    return creer(*demande);
+}

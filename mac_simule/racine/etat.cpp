@@ -1,0 +1,54 @@
+#include "mac_simule/racine/etat.hpp"
+
+#include <array>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <iterator>
+
+namespace mac_simule {
+
+namespace fs = std::filesystem;
+
+std::string lireFichier(const fs::path& chemin) {
+    std::ifstream flux(chemin, std::ios::binary);
+    return {std::istreambuf_iterator<char>(flux), {}};
+}
+
+bool ecrireFichier(const fs::path& chemin, std::string_view contenu) {
+    std::ofstream flux(chemin, std::ios::binary | std::ios::trunc);
+    flux.write(contenu.data(), static_cast<std::streamsize>(contenu.size()));
+    flux.close();
+    return flux.good();
+}
+
+std::string lireFait(const fs::path& racine, const std::string& nom) {
+    const std::string contenu = lireFichier(racine / "etat" / nom);
+    return contenu.substr(0, contenu.find('\n'));
+}
+
+bool faitPresent(const fs::path& racine, const std::string& nom) {
+    std::error_code ignoree; // un fait qui ne se lit pas n'est pas là
+    return fs::exists(racine / "etat" / nom, ignoree);
+}
+
+std::string texteDemarrage(std::chrono::system_clock::time_point instant) {
+    using namespace std::chrono;
+    const auto secondes = time_point_cast<std::chrono::seconds>(instant);
+    const std::time_t heure = system_clock::to_time_t(secondes);
+    std::tm locale{};
+    localtime_r(&heure, &locale);
+    std::array<char, 32> date{};
+    std::strftime(date.data(), date.size(), "%a %b %e %H:%M:%S %Y", &locale);
+    const auto micro = duration_cast<microseconds>(instant - secondes).count();
+    return "{ sec = " + std::to_string(heure) + ", usec = " + std::to_string(micro) + " } " +
+           date.data();
+}
+
+bool estUnMac(const fs::path& racine) {
+    std::error_code ignoree;
+    return fs::is_regular_file(racine / "etat" / "version", ignoree) &&
+           fs::is_regular_file(racine / "usr" / "bin" / "sudo", ignoree);
+}
+
+} // namespace mac_simule
