@@ -1,0 +1,118 @@
+// Étiquettes, boutons, menus locaux et vues vides.
+#include "plateforme/macos/textes.hpp"
+#include "plateforme/macos/vue_native.hpp"
+
+#include <objc/runtime.h>
+
+using ActionControle = std::function<void(NSControl*)>;
+
+@interface CibleAction : NSObject {
+    ActionControle action_;
+}
+- (instancetype)initAvecAction:(ActionControle)action;
+- (void)declencher:(NSControl*)emetteur;
+@end
+
+@implementation CibleAction
+
+- (instancetype)initAvecAction:(ActionControle)action {
+    self = [super init];
+    if (self != nil) {
+        action_ = std::move(action);
+    }
+    return self;
+}
+
+// L'action peut faire disparaître l'émetteur, et la cible avec lui : rien n'est touché après elle.
+- (void)declencher:(NSControl*)emetteur {
+    const ActionControle action = action_;
+    action(emetteur);
+}
+
+@end
+
+namespace plateforme {
+namespace {
+
+// Un contrôle ne tient sa cible que par une référence faible : on l'attache à lui.
+void brancher(NSControl* controle, ActionControle action) {
+    static const char attache = 0;
+    CibleAction* cible = [[CibleAction alloc] initAvecAction:std::move(action)];
+    objc_setAssociatedObject(controle, &attache, cible, OBJC_ASSOCIATION_RETAIN_NONATOMIC);
+    controle.target = cible;
+    controle.action = @selector(declencher:);
+}
+
+std::shared_ptr<VueNative> creerBouton(const std::string& titre, std::function<void()> action) {
+    NSButton* bouton = [NSButton buttonWithTitle:macos::versNSString(titre) target:nil action:nil];
+    bouton.bezelStyle = NSBezelStyleRounded;
+    bouton.controlSize = NSControlSizeRegular;
+    brancher(bouton, [action = std::move(action)](NSControl*) { action(); });
+    return macos::tenir(bouton);
+}
+
+int indexChoisi(NSPopUpButton* menu) { return static_cast<int>(menu.indexOfSelectedItem); }
+
+std::shared_ptr<VueNative> creerMenu(const std::vector<std::string>& articles,
+                                     std::function<void(int)> choix) {
+    NSPopUpButton* menu = [[NSPopUpButton alloc] initWithFrame:NSMakeRect(0, 0, 0, 0) pullsDown:NO];
+    for (const std::string& article : articles) {
+        [menu addItemWithTitle:macos::versNSString(article)];
+    }
+    brancher(menu, [choix = std::move(choix)](NSControl* emetteur) {
+        choix(indexChoisi(static_cast<NSPopUpButton*>(emetteur)));
+    });
+    return macos::tenir(menu);
+}
+
+} // namespace
+
+// La priorité basse laisse la vue s'étirer avant toutes les autres.
+Vue espace(Orientation direction) {
+    NSView* vide = [[NSView alloc] init];
+    if (direction == Orientation::verticale) {
+        [vide setContentHuggingPriority:NSLayoutPriorityDefaultLow
+                         forOrientation:NSLayoutConstraintOrientationVertical];
+    }
+    return Vue(macos::tenir(vide));
+}
+
+Etiquette Etiquette::simple(const std::string& texte) {
+    return Etiquette(macos::tenir([NSTextField labelWithString:macos::versNSString(texte)]));
+}
+
+Etiquette Etiquette::multiligne(const std::string& texte) {
+    return Etiquette(
+        macos::tenir([NSTextField wrappingLabelWithString:macos::versNSString(texte)]));
+}
+
+void Etiquette::setTexte(const std::string& texte) const {
+    macos::vueDe<NSTextField>(*this).stringValue = macos::versNSString(texte);
+}
+
+void Etiquette::setPolice(double taille, bool gras) const {
+    macos::vueDe<NSTextField>(*this).font =
+        gras ? [NSFont boldSystemFontOfSize:taille] : [NSFont systemFontOfSize:taille];
+}
+
+void Etiquette::setCouleurSecondaire() const {
+    macos::vueDe<NSTextField>(*this).textColor = NSColor.secondaryLabelColor;
+}
+
+void Etiquette::setLargeurMaximale(double largeur) const {
+    macos::vueDe<NSTextField>(*this).preferredMaxLayoutWidth = largeur;
+}
+
+Bouton::Bouton(const std::string& titre, std::function<void()> action)
+    : Vue(creerBouton(titre, std::move(action))) {}
+
+void Bouton::setParDefaut() const { macos::vueDe<NSButton>(*this).keyEquivalent = @"\r"; }
+
+void Bouton::setPetit() const { macos::vueDe<NSButton>(*this).controlSize = NSControlSizeSmall; }
+
+MenuLocal::MenuLocal(const std::vector<std::string>& articles, std::function<void(int)> choix)
+    : Vue(creerMenu(articles, std::move(choix))) {}
+
+int MenuLocal::index() const { return indexChoisi(macos::vueDe<NSPopUpButton>(*this)); }
+
+} // namespace plateforme
