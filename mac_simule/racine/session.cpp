@@ -1,0 +1,188 @@
+#include "mac_simule/racine/session.hpp"
+
+#include "mac_simule/racine/etat.hpp"
+
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <map>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace mac_simule {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kExecutable = "Assistant Lumivia";
+constexpr int kPatience = 10; // secondes laissées à un assistant qui se ferme
+
+sigset_t signauxAttendus() {
+    sigset_t signaux;
+    sigemptyset(&signaux);
+    for (const int signal : {SIGCHLD, SIGINT, SIGTERM}) {
+        sigaddset(&signaux, signal);
+    }
+    return signaux;
+}
+
+// Le parent d'après /proc/PID/stat, dont le nom entre parenthèses peut tout contenir ; 0 : parti.
+pid_t parentDe(pid_t pid) {
+    const std::string stat = lireFichier("/proc/" + std::to_string(pid) + "/stat");
+    const auto fin = stat.rfind(") ");
+    return fin == std::string::npos ? 0 : std::atoi(stat.c_str() + fin + 4);
+}
+
+std::vector<pid_t> descendants() {
+    std::map<pid_t, pid_t> parents;
+    std::error_code partis; // un processus peut finir pendant la lecture
+    for (const auto& entree : fs::directory_iterator("/proc", partis)) {
+        const std::string nom = entree.path().filename();
+        pid_t pid = 0;
+        if (std::from_chars(nom.data(), nom.data() + nom.size(), pid).ec == std::errc()) {
+            parents[pid] = parentDe(pid);
+        }
+    }
+    const auto descend = [&](pid_t pid) {
+        for (auto ici = parents.find(pid); ici != parents.end(); ici = parents.find(ici->second)) {
+            if (ici->second == getpid()) {
+                return true;
+            }
+        }
+        return false;
+    };
+    std::vector<pid_t> trouves;
+    for (const auto& [pid, parent] : parents) {
+        if (descend(pid)) {
+            trouves.push_back(pid);
+        }
+    }
+    return trouves;
+}
+
+} // namespace
+
+Session::Session(fs::path racine)
+    : racine_(std::move(racine)),
+      assistant_(racine_ / "Applications/Assistant Lumivia.app/Contents/MacOS" / kExecutable) {
+    const sigset_t signaux = signauxAttendus();
+    sigprocmask(SIG_BLOCK, &signaux, nullptr);
+    prctl(PR_SET_CHILD_SUBREAPER, 1); // connu de tout noyau de Debian 12 : n'échoue pas
+    setenv("LUMIVIA_MAC", racine_.c_str(), 1);
+}
+
+bool Session::lancer(const fs::path& programme, const std::vector<std::string>& arguments) {
+    if (access(programme.c_str(), X_OK) != 0) {
+        return false;
+    }
+    const pid_t pid = fork();
+    if (pid == 0) {
+        const sigset_t signaux = signauxAttendus();
+        sigprocmask(SIG_UNBLOCK, &signaux, nullptr);
+        std::string nom = programme;
+        std::vector<std::string> copies = arguments; // execv les veut modifiables
+        std::vector<char*> vecteur{nom.data()};
+        for (auto& copie : copies) {
+            vecteur.push_back(copie.data());
+        }
+        vecteur.push_back(nullptr);
+        execv(nom.c_str(), vecteur.data());
+        _exit(127);
+    }
+    if (pid > 0 && programme == assistant_) {
+        assistants_.insert(pid);
+    }
+    return pid > 0;
+}
+
+bool Session::lancerAssistant(const std::vector<std::string>& arguments) {
+    return lancer(assistant_, arguments);
+}
+
+// Un processus fini n'a plus d'arguments mais garde son nom, que le noyau coupe à quinze octets.
+bool Session::estAssistant(pid_t pid) const {
+    if (assistants_.count(pid) != 0) {
+        return true;
+    }
+    const std::string dossier = "/proc/" + std::to_string(pid);
+    if (lireFichier(dossier + "/cmdline").find(assistant_ + '\0') != std::string::npos) {
+        return true;
+    }
+    return lireFichier(dossier + "/comm") == std::string(kExecutable).substr(0, 15) + "\n";
+}
+
+void Session::recueillir() {
+    siginfo_t fini{};
+    while (waitid(P_ALL, 0, &fini, WEXITED | WNOHANG | WNOWAIT) == 0 && fini.si_pid != 0) {
+        const bool assistant = estAssistant(fini.si_pid);
+        int etat = 0;
+        waitpid(fini.si_pid, &etat, 0);
+        assistants_.erase(fini.si_pid);
+        if (assistant) {
+            etatAssistant_ = etat;
+        }
+        fini = {};
+    }
+}
+
+int Session::attendre() {
+    const sigset_t signaux = signauxAttendus();
+    const timespec dixieme{0, 100'000'000};
+    const int signal = sigtimedwait(&signaux, nullptr, &dixieme);
+    recueillir();
+    return signal == SIGINT || signal == SIGTERM ? signal : 0;
+}
+
+bool Session::vide() const {
+    return waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
+}
+
+bool Session::assistantPresent() {
+    std::set<pid_t> presents; // un outil que l'assistant vient de lancer n'y reste pas
+    for (const pid_t pid : descendants()) {
+        if (estAssistant(pid)) {
+            presents.insert(pid);
+        }
+    }
+    assistants_ = std::move(presents);
+    return !assistants_.empty();
+}
+
+bool Session::terminerCeux(bool assistants, int secondes) {
+    const auto limite = std::chrono::steady_clock::now() + std::chrono::seconds(secondes);
+    std::set<pid_t> prevenus;
+    while (true) {
+        bool reste = false;
+        for (const pid_t pid : descendants()) {
+            if (!assistants || estAssistant(pid)) {
+                reste = true;
+                if (prevenus.insert(pid).second) {
+                    kill(pid, SIGTERM);
+                }
+            }
+        }
+        if (!reste || std::chrono::steady_clock::now() > limite) {
+            return !reste;
+        }
+        attendre();
+    }
+}
+
+void Session::terminer() {
+    terminerCeux(true, kPatience);
+    while (!terminerCeux(false, 2)) {
+        for (const pid_t pid : descendants()) {
+            kill(pid, SIGKILL);
+        }
+    }
+    if (WIFSIGNALED(etatAssistant_) && WTERMSIG(etatAssistant_) == SIGTERM) {
+        etatAssistant_ = 0; // il a fait ce qu'on lui demandait
+    }
+}
+
+} // namespace mac_simule
