@@ -15,9 +15,9 @@ struct FinDeProcessus {
 
 // Lance `chemin` (absolu) avec ces arguments, sans interpréteur, lit le tube jusqu'à sa fin, puis
 // attend la fin du programme. Bloque le fil appelant aussi longtemps que le programme, ou un
-// descendant qui garde le tube ouvert, vit. S'appelle de n'importe quel fil, de plusieurs à la fois.
-// L'enfant hérite de l'entrée standard, de l'environnement et du dossier courant, et d'aucun autre
-// descripteur.
+// descendant qui garde le tube ouvert, vit. S'appelle de n'importe quel fil, de plusieurs à la
+// fois. L'enfant hérite de l'entrée standard, de l'environnement et du dossier courant, et d'aucun
+// autre descripteur.
 FinDeProcessus executer(const std::string& chemin, const std::vector<std::string>& arguments);
 
 } // namespace plateforme

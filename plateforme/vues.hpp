@@ -33,7 +33,7 @@ Vue espace(Orientation direction);
 
 class Etiquette : public Vue {
 public:
-    static Etiquette simple(const std::string& texte); // une ligne
+    static Etiquette simple(const std::string& texte);     // une ligne
     static Etiquette multiligne(const std::string& texte); // va à la ligne, texte sélectionnable
 
     void setTexte(const std::string& texte) const;

@@ -1,0 +1,18 @@
+#include "app/delegue.hpp"
+#include "plateforme/application.hpp"
+
+namespace {
+
+// Gardé jusqu'à la fin, même quand un fil travaille encore au moment de quitter.
+Delegue& delegue = *new Delegue;
+
+} // namespace
+
+int main() {
+    plateforme::definirDelegue(
+        {[] { delegue.applicationDidFinishLaunching(); },
+         [] { return Delegue::applicationShouldTerminateAfterLastWindowClosed(); }});
+    plateforme::adopterPolitiqueOrdinaire();
+    plateforme::executerApplication();
+    return 0;
+}

@@ -1,0 +1,28 @@
+// L'analyse, faite sans figer la fenêtre, et la page de son résultat.
+#include "app/assistant.hpp"
+#include "app/lignes_resultat.hpp"
+#include "support/journal.hpp"
+
+void Assistant::analyser() {
+    page("Analyse en cours…", "L'assistant examine votre Mac. Cela prend quelques secondes.", {});
+    plateforme::executerEnArrierePlan([assistant = shared_from_this()] {
+        const Diagnostic resultat = Diagnostic::analyser();
+        plateforme::executerSurPrincipal(
+            [assistant, resultat] { assistant->montrerResultat(resultat); });
+    });
+}
+
+void Assistant::montrerResultat(const Diagnostic& resultat) {
+    diagnostic_ = resultat;
+    Journal::shared().note("Diagnostic :\n" + diagnostic_.rapport());
+    if (!redemarrageEnAttente()) {
+        oublierRedemarrage();
+    }
+    const bool enAttente = redemarrageEnAttente();
+    page("Résultat de l'analyse", "Voici ce que l'assistant a trouvé :", {});
+    for (const LigneResultat& trouvee : lignesResultat(diagnostic_, enAttente)) {
+        ligne(trouvee.icone, trouvee.texte);
+    }
+    page2Boutons(
+        {{"Analyser à nouveau", &Assistant::analyser}, {"Continuer", &Assistant::suivante}});
+}

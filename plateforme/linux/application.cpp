@@ -1,0 +1,144 @@
+#include "plateforme/application.hpp"
+
+#include "plateforme/linux/apparence.hpp"
+#include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/demonstration.hpp"
+#include "plateforme/linux/fenetre_qt.hpp"
+#include "plateforme/linux/file_principale.hpp"
+
+#include <QtCore/QSocketNotifier>
+#include <QtCore/QTimer>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QMenuBar>
+
+#include <csignal>
+#include <cstdlib>
+#include <sys/eventfd.h>
+
+namespace plateforme {
+namespace {
+
+struct Reglages {
+    DelegueApplication delegue;
+    std::vector<Menu> menus;
+};
+
+Reglages& reglages() {
+    static Reglages& uniques = *new Reglages;
+    return uniques;
+}
+
+int sonnetteFin = -1;
+
+// Le redémarrage du Mac simulé termine l'assistant par SIGTERM.
+void surSignalDeFin(int) {
+    static_cast<void>(::eventfd_write(sonnetteFin, 1));
+}
+
+void ecouterLaFin() {
+    sonnetteFin = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    auto* ecoute =
+        new QSocketNotifier(sonnetteFin, QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(ecoute, &QSocketNotifier::activated, [] { terminerApplication(); });
+
+    struct sigaction action {};
+
+    action.sa_handler = surSignalDeFin;
+    ::sigaction(SIGTERM, &action, nullptr);
+}
+
+void copierSelection() {
+    if (const auto* etiquette = qobject_cast<QLabel*>(QApplication::focusWidget());
+        etiquette != nullptr && etiquette->hasSelectedText()) {
+        // La sélection d'une étiquette sépare ses lignes à la manière d'un document.
+        QGuiApplication::clipboard()->setText(etiquette->selectedText()
+                                                  .replace(QChar::ParagraphSeparator, '\n')
+                                                  .replace(QChar::LineSeparator, '\n'));
+    }
+}
+
+void declencher(ActionMenu action) {
+    if (action == ActionMenu::terminer) {
+        terminerApplication();
+    } else {
+        copierSelection();
+    }
+}
+
+} // namespace
+
+QApplication& applicationQt() {
+    static QApplication& application = *[] {
+        static int nombre = 1;
+        static char nom[] = "Assistant Lumivia";
+        static char* arguments[] = {nom, nullptr};
+        QApplication::setApplicationName(QString::fromLatin1(nom));
+        QApplication::setStyle(QStringLiteral("Fusion"));
+        auto* creee = new QApplication(nombre, arguments);
+        // Fermer la fenêtre passe par le délégué, comme sur un Mac.
+        QApplication::setQuitOnLastWindowClosed(false);
+        QApplication::setPalette(paletteAssistant(QGuiApplication::palette()));
+        QApplication::setFont(police(13, false));
+        FilePrincipale::partagee().brancher();
+        return creee;
+    }();
+    return application;
+}
+
+void definirDelegue(const DelegueApplication& delegue) {
+    reglages().delegue = delegue;
+}
+
+void adopterPolitiqueOrdinaire() {}
+
+void executerApplication() {
+    QApplication& application = applicationQt();
+    ecouterLaFin();
+    QObject::connect(&application, &QApplication::lastWindowClosed, [] {
+        if (reglages().delegue.terminerApresDerniereFenetre()) {
+            terminerApplication();
+        }
+    });
+    QTimer::singleShot(0, &application, [] {
+        reglages().delegue.lancementTermine();
+        demarrerDemonstration();
+    });
+    QApplication::exec();
+}
+
+void installerMenu(const std::vector<Menu>& menus) {
+    reglages().menus = menus;
+}
+
+QMenuBar* creerBarreDeMenus(QWidget* parent) {
+    auto* barre = new QMenuBar(parent);
+    barre->setFont(police(13, false));
+    for (const Menu& menu : reglages().menus) {
+        // Sur un Mac, le système donne au premier menu le nom de l'application.
+        QMenu* deroulant = barre->addMenu(menu.titre.empty() ? QApplication::applicationName()
+                                                             : texteQt(menu.titre));
+        for (const ArticleMenu& article : menu.articles) {
+            QAction* ligne = deroulant->addAction(texteQt(article.titre));
+            ligne->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(std::toupper(article.touche))));
+            QObject::connect(ligne, &QAction::triggered,
+                             [action = article.action] { declencher(action); });
+        }
+    }
+    return barre;
+}
+
+void activerApplication() {
+    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+        if (fenetre->isVisible()) {
+            fenetre->raise();
+            fenetre->activateWindow();
+        }
+    }
+}
+
+void terminerApplication() {
+    // Pas quit(), qui ferme les fenêtres : quitter par un bouton ne ferme pas la session DMX.
+    QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+} // namespace plateforme

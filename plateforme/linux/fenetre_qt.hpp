@@ -1,0 +1,34 @@
+// La fenêtre de l'assistant sous Qt : une barre de menus, et dessous le contenu à la taille voulue.
+#pragma once
+
+#include "plateforme/linux/vue_native.hpp"
+
+class QMenuBar;
+
+namespace plateforme {
+
+class FenetreQt : public QWidget {
+public:
+    FenetreQt(const QString& titre, QSize taille);
+
+    QWidget* contenu() const { return contenu_; }
+
+    void garder(const Vue& vue) { gardees_.push_back(vue); }
+
+    std::function<void()> surFermeture;
+
+protected:
+    void closeEvent(QCloseEvent* evenement) override;
+
+private:
+    // Retour va au bouton par défaut, où que soit le clavier.
+    void declencherParDefaut();
+
+    QWidget* contenu_ = nullptr;
+    std::vector<Vue> gardees_;
+};
+
+// La barre de menus de l'application, telle que installerMenu l'a décrite.
+QMenuBar* creerBarreDeMenus(QWidget* parent);
+
+} // namespace plateforme

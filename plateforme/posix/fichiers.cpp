@@ -1,0 +1,176 @@
+#include "plateforme/fichiers.hpp"
+
+#include "plateforme/posix/descripteur.hpp"
+#include "plateforme/posix/erreurs.hpp"
+#include "plateforme/posix/natif.hpp"
+
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <vector>
+
+namespace plateforme {
+namespace {
+
+using natif::cheminReel;
+using natif::decrireErreur;
+using natif::Descripteur;
+using natif::ecrireTout;
+using natif::sansInterruption;
+
+constexpr mode_t kModeFichier = 0644;
+constexpr mode_t kModeDossier = 0755;
+
+// Fichier temporaire voisin de sa cible, retiré s'il n'a pas été installé.
+class Temporaire {
+public:
+    explicit Temporaire(const std::string& cible) : modele_(cible + ".XXXXXX") {
+        descripteur_ = ::mkostemp(modele_.data(), O_CLOEXEC);
+    }
+
+    Temporaire(const Temporaire&) = delete;
+    Temporaire& operator=(const Temporaire&) = delete;
+
+    ~Temporaire() {
+        fermer();
+        if (existe_) {
+            ::unlink(modele_.c_str());
+        }
+    }
+
+    bool ecrire(const std::string& contenu) {
+        existe_ = descripteur_ >= 0;
+        return existe_ && ecrireTout(descripteur_, contenu) &&
+               ::fchmod(descripteur_, kModeFichier) == 0 && fermer();
+    }
+
+    bool installer(const std::string& cible) {
+        const bool fait = ::rename(modele_.c_str(), cible.c_str()) == 0;
+        existe_ = existe_ && !fait;
+        return fait;
+    }
+
+    bool lier(const std::string& cible) const {
+        return ::link(modele_.c_str(), cible.c_str()) == 0;
+    }
+
+private:
+    bool fermer() { return descripteur_ < 0 || ::close(std::exchange(descripteur_, -1)) == 0; }
+
+    std::string modele_;
+    int descripteur_ = -1;
+    bool existe_ = false;
+};
+
+} // namespace
+
+bool existe(const std::string& chemin) {
+    struct stat infos {};
+
+    return ::stat(cheminReel(chemin).c_str(), &infos) == 0;
+}
+
+bool estExecutable(const std::string& chemin) {
+    const std::string reel = cheminReel(chemin);
+
+    struct stat infos {};
+
+    return ::stat(reel.c_str(), &infos) == 0 && S_ISREG(infos.st_mode) &&
+           ::access(reel.c_str(), X_OK) == 0;
+}
+
+std::optional<std::string> lireFichier(const std::string& chemin, std::size_t limite) {
+    // O_NONBLOCK : un tube nommé à la place du fichier ne doit pas bloquer l'assistant.
+    const Descripteur fichier(sansInterruption(
+        [&] { return ::open(cheminReel(chemin).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
+
+    struct stat infos {};
+
+    if (!fichier.ouvert() || ::fstat(fichier.numero(), &infos) != 0 || !S_ISREG(infos.st_mode)) {
+        return std::nullopt;
+    }
+    std::string contenu;
+    std::vector<char> bloc(64 * 1024);
+    for (;;) {
+        const ssize_t lus =
+            sansInterruption([&] { return ::read(fichier.numero(), bloc.data(), bloc.size()); });
+        if (lus == 0) {
+            return contenu;
+        }
+        if (lus < 0 || contenu.size() + static_cast<std::size_t>(lus) > limite) {
+            return std::nullopt;
+        }
+        contenu.append(bloc.data(), static_cast<std::size_t>(lus));
+    }
+}
+
+Erreur creerDossiers(const std::string& chemin) {
+    const std::string reel = cheminReel(chemin);
+    for (std::size_t fin = reel.find('/', 1);; fin = reel.find('/', fin + 1)) {
+        const std::string partie = reel.substr(0, fin);
+        if (::mkdir(partie.c_str(), kModeDossier) != 0 && errno != EEXIST) {
+            return decrireErreur(errno, chemin);
+        }
+        if (fin == std::string::npos) {
+            break;
+        }
+    }
+
+    struct stat infos {};
+
+    if (::stat(reel.c_str(), &infos) != 0 || !S_ISDIR(infos.st_mode)) {
+        return decrireErreur(ENOTDIR, chemin);
+    }
+    return std::nullopt;
+}
+
+Erreur ecrireAtomiquement(const std::string& chemin, const std::string& contenu) {
+    const std::string reel = cheminReel(chemin);
+    Temporaire temporaire(reel);
+    if (!temporaire.ecrire(contenu) || !temporaire.installer(reel)) {
+        return decrireErreur(errno, chemin);
+    }
+    return std::nullopt;
+}
+
+Erreur ecrire(const std::string& chemin, const std::string& contenu) {
+    Descripteur fichier(sansInterruption([&] {
+        return ::open(cheminReel(chemin).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC,
+                      kModeFichier);
+    }));
+    if (!fichier.ouvert() || !ecrireTout(fichier.numero(), contenu) || !fichier.fermer()) {
+        return decrireErreur(errno, chemin);
+    }
+    return std::nullopt;
+}
+
+Erreur changerPermissions(const std::string& chemin, unsigned permissions) {
+    if (::chmod(cheminReel(chemin).c_str(), static_cast<mode_t>(permissions)) != 0) {
+        return decrireErreur(errno, chemin);
+    }
+    return std::nullopt;
+}
+
+bool supprimer(const std::string& chemin) {
+    std::error_code erreur;
+    return std::filesystem::remove_all(cheminReel(chemin), erreur) > 0 && !erreur;
+}
+
+Ajout ajouterALaFin(const std::string& chemin, const std::string& octets) {
+    const Descripteur fichier(sansInterruption(
+        [&] { return ::open(cheminReel(chemin).c_str(), O_WRONLY | O_APPEND | O_CLOEXEC); }));
+    if (!fichier.ouvert()) {
+        return errno == ENOENT ? Ajout::absent : Ajout::echec;
+    }
+    return ecrireTout(fichier.numero(), octets) ? Ajout::fait : Ajout::echec;
+}
+
+bool creerSansEcraser(const std::string& chemin, const std::string& octets) {
+    const std::string reel = cheminReel(chemin);
+    Temporaire temporaire(reel);
+    return temporaire.ecrire(octets) && temporaire.lier(reel);
+}
+
+} // namespace plateforme

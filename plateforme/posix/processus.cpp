@@ -1,0 +1,130 @@
+#include "plateforme/processus.hpp"
+
+#include "plateforme/posix/descripteur.hpp"
+#include "plateforme/posix/erreurs.hpp"
+#include "plateforme/posix/natif.hpp"
+
+#include <csignal>
+#include <spawn.h>
+#include <sys/wait.h>
+
+extern char** environ;
+
+namespace plateforme {
+namespace {
+
+using natif::Descripteur;
+using natif::sansInterruption;
+
+constexpr std::size_t kPremierBloc = 64 * 1024;
+
+// Les réglages d'un enfant : le tube en sortie et en erreur, les signaux remis à neuf, aucun
+// descripteur de plus que les trois standard.
+class ReglagesEnfant {
+public:
+    ReglagesEnfant() {
+        ::posix_spawn_file_actions_init(&actions_);
+        ::posix_spawnattr_init(&attributs_);
+    }
+
+    ReglagesEnfant(const ReglagesEnfant&) = delete;
+    ReglagesEnfant& operator=(const ReglagesEnfant&) = delete;
+
+    ~ReglagesEnfant() {
+        ::posix_spawn_file_actions_destroy(&actions_);
+        ::posix_spawnattr_destroy(&attributs_);
+    }
+
+    int preparer(int boutEcriture) {
+        sigset_t aucun;
+        sigset_t parDefaut;
+        ::sigemptyset(&aucun);
+        ::sigemptyset(&parDefaut);
+        ::sigaddset(&parDefaut, SIGPIPE);
+        ::posix_spawnattr_setsigmask(&attributs_, &aucun);
+        ::posix_spawnattr_setsigdefault(&attributs_, &parDefaut);
+        ::posix_spawnattr_setflags(&attributs_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+        for (const int cible : {STDOUT_FILENO, STDERR_FILENO}) {
+            const int code = ::posix_spawn_file_actions_adddup2(&actions_, boutEcriture, cible);
+            if (code != 0) {
+                return code;
+            }
+        }
+        return natif::isolerDescripteurs(actions_, attributs_);
+    }
+
+    int lancer(const std::string& chemin, std::vector<char*>& arguments, pid_t& enfant) {
+        return ::posix_spawn(&enfant, chemin.c_str(), &actions_, &attributs_, arguments.data(),
+                             environ);
+    }
+
+private:
+    posix_spawn_file_actions_t actions_{};
+    posix_spawnattr_t attributs_{};
+};
+
+std::vector<char*> tableauDArguments(std::string& programme, std::vector<std::string>& arguments) {
+    std::vector<char*> tableau{programme.data()};
+    for (std::string& argument : arguments) {
+        tableau.push_back(argument.data());
+    }
+    tableau.push_back(nullptr);
+    return tableau;
+}
+
+// Lit directement dans le texte, qui double de taille : un gros listage n'est copié que par sa
+// croissance.
+std::string lireJusquALaFin(int tube) {
+    std::string octets;
+    std::size_t remplis = 0;
+    for (;;) {
+        if (remplis == octets.size()) {
+            octets.resize(octets.empty() ? kPremierBloc : octets.size() * 2);
+        }
+        const ssize_t lus = sansInterruption(
+            [&] { return ::read(tube, octets.data() + remplis, octets.size() - remplis); });
+        if (lus <= 0) { // fin du tube ; une erreur de lecture garde ce qui est déjà reçu
+            octets.resize(remplis);
+            return octets;
+        }
+        remplis += static_cast<std::size_t>(lus);
+    }
+}
+
+int attendre(pid_t enfant) {
+    int etat = 0;
+    if (sansInterruption([&] { return ::waitpid(enfant, &etat, 0); }) != enfant) {
+        return -1;
+    }
+    return WIFSIGNALED(etat) ? WTERMSIG(etat) : WEXITSTATUS(etat);
+}
+
+} // namespace
+
+FinDeProcessus executer(const std::string& chemin, const std::vector<std::string>& arguments) {
+    int tube[2] = {-1, -1};
+    if (!natif::ouvrirTube(tube)) {
+        return {natif::decrireErreur(errno, chemin), -1};
+    }
+    const Descripteur lecture(tube[0]);
+    Descripteur ecriture(tube[1]);
+
+    std::string programme = natif::cheminReel(chemin);
+    std::vector<std::string> copies = arguments;
+    std::vector<char*> tableau = tableauDArguments(programme, copies);
+    ReglagesEnfant reglages;
+    pid_t enfant = -1;
+    int code = reglages.preparer(ecriture.numero());
+    if (code == 0) {
+        code = reglages.lancer(programme, tableau, enfant);
+    }
+    ecriture.fermer();
+    if (code != 0) {
+        return {natif::decrireErreur(code, chemin), -1};
+    }
+    // La lecture d'abord : un enfant qui remplit le tube attendrait sinon pour toujours.
+    std::string octets = lireJusquALaFin(lecture.numero());
+    return {std::move(octets), attendre(enfant)};
+}
+
+} // namespace plateforme
