@@ -38,9 +38,10 @@ public:
     int preparer(int boutEcriture) {
         sigset_t aucun;
         sigset_t parDefaut;
-        ::sigemptyset(&aucun);
-        ::sigemptyset(&parDefaut);
-        ::sigaddset(&parDefaut, SIGPIPE);
+        // Sans « :: » : ce sont des macros sur Mac.
+        sigemptyset(&aucun);
+        sigemptyset(&parDefaut);
+        sigaddset(&parDefaut, SIGPIPE);
         ::posix_spawnattr_setsigmask(&attributs_, &aucun);
         ::posix_spawnattr_setsigdefault(&attributs_, &parDefaut);
         ::posix_spawnattr_setflags(&attributs_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
