@@ -192,7 +192,11 @@ std::string creerMac(const Scenario& scenario, const fs::path& outils, const fs:
     if (!fs::is_directory(outils / "usr", erreur)) {
         return refus(racine, "les outils ne sont pas dans « " + outils.string() + " »");
     }
-    if (fs::exists(racine, erreur) && !fs::is_empty(racine, erreur)) {
+    const bool existe = fs::exists(racine, erreur);
+    if (existe && !fs::is_directory(racine, erreur)) {
+        return refus(racine, "un fichier a déjà ce nom");
+    }
+    if (existe && !fs::is_empty(racine, erreur)) {
         return refus(racine, "ce dossier n'est pas vide");
     }
     std::string chantier = (racine.parent_path() / ".mac-XXXXXX").string();

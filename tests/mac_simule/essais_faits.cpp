@@ -1,0 +1,94 @@
+// Les fonctions pures : chemins, effets d'un redémarrage, agents de session.
+
+#include "mac_simule/racine/agents.hpp"
+#include "mac_simule/racine/chemins.hpp"
+#include "mac_simule/racine/redemarrage.hpp"
+
+#include "mac_essai.hpp"
+
+using namespace mac_simule;
+
+TEST(Chemins, UnCheminEstPrecedeUneFoisASonDebut) {
+    for (const auto& [avant, apres] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"R='/Users/a b é/Library/x'", "R='/P/Users/a b é/Library/x'"},
+             {"S=\"/Library/A B-$(date)\"", "S=\"/P/Library/A B-$(date)\""},
+             {"for k in '\\''/Library/D.kext'\\''", "for k in '\\''/P/Library/D.kext'\\''"},
+             {"[ -x /usr/bin/kmutil ]", "[ -x /P/usr/bin/kmutil ]"},
+             {"/usr/sbin/kextcache -i / 2>&1", "/P/usr/sbin/kextcache -i / 2>&1"},
+             {"PATH=/usr/bin:/usr/sbin", "PATH=/P/usr/bin:/P/usr/sbin"},
+             {"#!/bin/zsh\n/bin/sh /tmp/x >/dev/null", "#!/bin/zsh\n/bin/sh /tmp/x >/dev/null"},
+             {"$HOME/Library ~/Library é/Library", "$HOME/Library ~/Library é/Library"},
+             {"/Librarys /usr/binaire /Users", "/Librarys /usr/binaire /P/Users"},
+             {"/private/Library ./Users", "/private/Library ./Users"}}) {
+        EXPECT_EQ(avecPrefixe(avant, "/P"), apres);
+    }
+}
+
+TEST(Chemins, LePrefixeEstOteOuQueLeTexteSoitCoupe) {
+    const std::string texte = "mis : /tmp/m/Library/x /tmp/m/Users /tmp/mac /tmp/m fin/tmp/";
+    const std::string attendu = "mis : /Library/x /Users /tmp/mac /tmp/m fin/tmp/";
+    for (std::size_t coupe = 0; coupe <= texte.size(); ++coupe) {
+        FiltrePrefixe filtre("/tmp/m");
+        std::string sortie = filtre.passer(texte.substr(0, coupe));
+        sortie += filtre.passer(texte.substr(coupe));
+        sortie += filtre.finir();
+        EXPECT_EQ(sortie, attendu) << coupe;
+    }
+}
+
+TEST(Redemarrage, CeQuiAQuitteLeDisqueNEstPlusCharge) {
+    const std::string lignes = "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
+                               "a.parti\t1\t/Library/Extensions/parti.kext\n"
+                               "a.la\t1\t/Library/Extensions/la.kext\n";
+    EXPECT_EQ(kextsApresRedemarrage(lignes,
+                                    [](const std::string& c) { return c.find("la.k") != c.npos; }),
+              "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
+              "a.la\t1\t/Library/Extensions/la.kext\n");
+}
+
+TEST(Redemarrage, LesExtensionsEnArretSArretent) {
+    EXPECT_EQ(
+        extensionsApresRedemarrage(
+            "\t\tT\tcom.ftdi.vcp.dext (1.1/0)\tN\t[terminated waiting to uninstall on reboot]\n"
+            "\t\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[terminating for disable but still running]\n"
+            "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n"),
+        "\t*\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[activated disabled]\n"
+        "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n");
+}
+
+namespace {
+
+std::string liste(const std::string& corps) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD "
+           "PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+           "<plist version=\"1.0\"><dict>" +
+           corps + "</dict></plist>\n";
+}
+
+const std::string kProgramme = "<key>Label</key><string>e</string><key>ProgramArguments</key>"
+                               "<array><string>/usr/bin/open</string><string>/Applications/A &amp; "
+                               "B.app</string></array>";
+
+} // namespace
+
+TEST(Agents, UneListeDeProprietesOrdinaireSeLit) {
+    const auto agent = lireAgent(
+        liste(kProgramme +
+              "<key>Autre</key><dict><key>k</key><true/></dict><key>RunAtLoad</key><true/>"));
+    ASSERT_TRUE(agent);
+    EXPECT_TRUE(agent->auChargement);
+    EXPECT_EQ(agent->programme,
+              (std::vector<std::string>{"/usr/bin/open", "/Applications/A & B.app"}));
+    EXPECT_FALSE(lireAgent(liste(kProgramme))->auChargement);
+}
+
+TEST(Agents, UneListeMalFormeeNEstPasObeie) {
+    for (const std::string& xml :
+         {std::string(), std::string("bplist00"), liste(""), liste(kProgramme + "<key>x</key>"),
+          liste(kProgramme) + "<reste>", liste(kProgramme).substr(0, 200),
+          liste(kProgramme + "<key>RunAtLoad</key><string>oui</string>"),
+          liste("<key>Label</key><string>e</string><key>ProgramArguments</key><string>x</string>"),
+          liste("<key>Label</key><true/>" + kProgramme)}) {
+        EXPECT_FALSE(lireAgent(xml)) << xml;
+    }
+}

@@ -1,0 +1,175 @@
+// La lecture des scénarios et la création d'un Mac.
+
+#include "mac_simule/racine/scenario.hpp"
+
+#include "mac_essai.hpp"
+
+#include <random>
+
+using namespace mac_simule;
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string erreurDe(const std::string& texte) {
+    const auto lu = lireScenario(texte);
+    const auto* erreur = std::get_if<std::string>(&lu);
+    return erreur == nullptr ? "" : *erreur;
+}
+
+const std::string kComplet = "# Un Mac\n\nversion 15.3\npuce intel\nemetteur\nemetteur A 1\n"
+                             "emetteur_nombre 42\nperipherique 0x1234 0xabCD  S\n"
+                             "charge a.b 1.0 /Library/Extensions/un nom.kext\n"
+                             "geste Redémarrer le Mac | Plus tard\nfrappe  x\nterminal_ferme\n";
+
+} // namespace
+
+TEST(Scenario, SeLitCleParCle) {
+    const auto lu = lireScenario(kComplet);
+    const auto& s = std::get<Scenario>(lu);
+    EXPECT_EQ(s.description, "Un Mac");
+    EXPECT_EQ(s.versionMajeure(), 15);
+    ASSERT_EQ(s.peripheriques.size(), 4U);
+    EXPECT_EQ(s.peripheriques[0].serie, "");
+    EXPECT_EQ(s.peripheriques[1].serie, "A 1");
+    EXPECT_EQ(s.peripheriques[2].serieNombre, "42");
+    EXPECT_EQ(s.peripheriques[3].produit, "0xabCD");
+    EXPECT_EQ(s.chargees.at(0).chemin, "/Library/Extensions/un nom.kext");
+    EXPECT_EQ(s.gestes.at(0).bouton, "Plus tard");
+    EXPECT_EQ(s.frappe, std::vector<std::string>{"x"});
+    EXPECT_TRUE(s.terminalFerme);
+    EXPECT_FALSE(s.relanceImpossible);
+}
+
+TEST(Scenario, SansFrappeLaPersonneTapeLeBonMotDePasse) {
+    const auto lu = lireScenario("mot_de_passe deux mots\n");
+    EXPECT_EQ(std::get<Scenario>(lu).frappe, std::vector<std::string>{"deux mots"});
+}
+
+TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
+    EXPECT_EQ(erreurDe("# x\nversoin 14\n"), "ligne 2 : la clé « versoin » est inconnue");
+    EXPECT_EQ(erreurDe("puce apple\npuce apple"), "ligne 2 : la clé « puce » est déjà donnée");
+    for (const char* ligne : {"version",
+                              "version 14",
+                              "version 14.",
+                              "version 14.5.",
+                              "version a.b",
+                              "version 14.5.0.1",
+                              "version 99999.1",
+                              "version 14. 5",
+                              "puce arm",
+                              "modele",
+                              "utilisateur ../x",
+                              "utilisateur d'été",
+                              "utilisateur .x",
+                              "emetteur_nombre x",
+                              "peripherique 0x403 0x6001",
+                              "kext .kext",
+                              "kext a/b.kext",
+                              "kext D2xx",
+                              "charge a 1",
+                              "charge a 1 x",
+                              "extension_ftdi oui",
+                              "kmutil",
+                              "puce_dmx x",
+                              "vitesse_horloge 0",
+                              "vitesse_horloge -1",
+                              "terminal_ferme oui",
+                              "geste Page",
+                              "geste | Bouton",
+                              "fin",
+                              "fin a\x01"}) {
+        EXPECT_NE(erreurDe(ligne), "") << ligne;
+    }
+}
+
+// Ni plantage ni valeur hors de ce qui est permis, quels que soient les octets.
+TEST(Scenario, UnTexteQuelconqueDonneUnScenarioValideOuUnePhrase) {
+    std::mt19937 hasard(20260728);
+    for (int tour = 0; tour < 20000; ++tour) {
+        std::string texte = kComplet;
+        for (int coup = 0; coup < 3; ++coup) {
+            const auto ou = hasard() % texte.size();
+            if (hasard() % 2 == 0) {
+                texte[ou] = static_cast<char>(hasard());
+            } else {
+                texte.erase(ou, hasard() % 5);
+            }
+        }
+        const auto lu = lireScenario(texte);
+        if (const auto* s = std::get_if<Scenario>(&lu)) {
+            EXPECT_GE(s->versionMajeure(), 0);
+            EXPECT_TRUE(nomUtilisateurValide(s->utilisateur));
+            EXPECT_TRUE(s->puce == "apple" || s->puce == "intel");
+        } else {
+            EXPECT_EQ(std::get<std::string>(lu).rfind("ligne ", 0), 0U);
+        }
+    }
+}
+
+TEST(CreerMac, TousLesScenariosSontDecritsEtSeCreent) {
+    const Fini liste = lancer(cite(CREER_MAC) + " --liste");
+    EXPECT_EQ(liste.code, 0);
+    std::istringstream lignes(liste.sortie);
+    int nombre = 0;
+    for (std::string ligne; std::getline(lignes, ligne); ++nombre) {
+        const std::string nom = ligne.substr(0, ligne.find(' '));
+        EXPECT_NE(ligne.find_first_not_of(' ', nom.size()), std::string::npos) << ligne;
+        const MacEssai mac(nom);
+        EXPECT_EQ(lancer(cite(CREER_MAC) + " --verifier " + cite(mac.racine())).code, 0) << nom;
+    }
+    EXPECT_EQ(nombre, 12);
+}
+
+TEST(CreerMac, UnMacNeufALesFaitsEtLesDossiersDuScenario) {
+    const MacEssai mac("complet");
+    EXPECT_EQ(mac.fait("version"), "14.5.0\n");
+    EXPECT_EQ(mac.fait("utilisateur"), "Régie d été\n");
+    EXPECT_EQ(mac.fait("usb/emetteur-1"), "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
+    EXPECT_TRUE(mac.existe("/Library/Extensions/FTDIKext.kext/Contents/Info.plist"));
+    EXPECT_TRUE(fs::is_directory(mac.maison() / "Library/Logs"));
+    EXPECT_FALSE(fs::exists(mac.maison() / "Library/LaunchAgents"));
+    EXPECT_TRUE(
+        fs::is_regular_file(MacEssai("relance-impossible").maison() / "Library/LaunchAgents"));
+    EXPECT_FALSE(MacEssai("ancien-macos").existe("/usr/bin/kmutil"));
+}
+
+TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
+    const DossierEssai dossier;
+    const fs::path d = dossier.chemin();
+    fs::create_directory(d / "plein");
+    ecrireFichier(d / "plein/x", "");
+    ecrireFichier(d / "faux.scenario", "puce arm\n");
+    const std::string ici = " --scenarios " + cite(d);
+    for (const auto& [suite, phrase] : std::initializer_list<std::pair<std::string, std::string>>{
+             {"--scenario inconnu " + cite(d / "m"), "n'existe pas"},
+             {"--scenario ../scenarios/pret " + cite(d / "m"), "n'existe pas"},
+             {"--scenario faux" + ici + " " + cite(d / "m"), "ligne 1"},
+             {"--scenario pret " + cite(d / "plein"), "n'est pas vide"},
+             {"--scenario pret " + cite(d / "plein/x"), "a déjà ce nom"},
+             {"--scenario pret " + cite(d / "plein/x/m"), "la place d'un dossier"},
+             {"--scenario pret " + cite(d / "absent/m"), "n'existe pas"},
+             {"--scenario pret \"" + (d / "l'autre").string() + "\"", "apostrophe"},
+             {"--scenario pret --outils /nulle/part " + cite(d / "m"), "outils"},
+             {"--scenario pret --utilisateur a/b " + cite(d / "m"), "Usage"},
+             {"--scenario pret", "Usage"},
+             {"--verifier " + cite(d), "n'est pas un Mac"}}) {
+        const Fini refus = lancer(cite(CREER_MAC) + " " + suite);
+        EXPECT_EQ(refus.code, 2) << suite;
+        EXPECT_NE(refus.sortie.find(phrase), std::string::npos) << refus.sortie;
+    }
+    EXPECT_EQ(lancer("ls -A " + cite(d)).sortie, "faux.scenario\nplein\n");
+}
+
+TEST(CreerMac, UnEchecEnCoursDeRouteNeLaisseRien) {
+    const DossierEssai dossier;
+    const fs::path outils = dossier.chemin() / "outils";
+    fs::create_directories(outils / "usr");
+    ecrireFichier(outils / "Library", ""); // un fichier à la place d'un dossier à créer
+    const fs::path mac = dossier.chemin() / "ici/mac";
+    fs::create_directory(mac.parent_path());
+    const Fini refus =
+        lancer(cite(CREER_MAC) + " --scenario pret --outils " + cite(outils) + " " + cite(mac));
+    EXPECT_EQ(refus.code, 2);
+    EXPECT_TRUE(fs::is_empty(mac.parent_path()));
+}
