@@ -1,0 +1,104 @@
+// Un Mac simulé par essai, dans un dossier temporaire au nom plein d'espaces et d'accents.
+//
+// Le programme ne lit sa racine qu'une fois : un Mac par processus, donc par essai, ce que CTest
+// assure en lançant chaque cas à part.
+#pragma once
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <string>
+#include <thread>
+
+namespace essai {
+
+class Mac {
+public:
+    explicit Mac(const std::string& scenario = "pret",
+                 const std::string& utilisateur = "Zoé du son") {
+        std::string modele = std::filesystem::temp_directory_path() / "un mac été-XXXXXX";
+        dossier_ = ::mkdtemp(modele.data());
+        racine_ = dossier_ / "racine";
+        const std::string commande = std::string("'" CREER_MAC "' --scenario ") + scenario +
+                                     " --utilisateur '" + utilisateur + "' '" + racine_.string() +
+                                     "' >/dev/null";
+        if (std::system(commande.c_str()) != 0) {
+            ADD_FAILURE() << "le Mac simulé « " << scenario << " » ne se crée pas";
+        }
+        ::setenv("LUMIVIA_MAC", racine_.c_str(), 1);
+        maison_ = "/Users/" + utilisateur;
+    }
+
+    Mac(const Mac&) = delete;
+    Mac& operator=(const Mac&) = delete;
+
+    ~Mac() {
+        std::error_code reste; // un reste dans le dossier temporaire n'invalide pas l'essai
+        std::filesystem::permissions(dossier_, std::filesystem::perms::owner_all, reste);
+        std::filesystem::remove_all(dossier_, reste);
+    }
+
+    // Chemin de Mac du dossier personnel, et chemin réel d'un chemin de Mac.
+    const std::string& maison() const { return maison_; }
+
+    std::filesystem::path reel(const std::string& cheminMac) const {
+        return racine_.string() + cheminMac;
+    }
+
+    std::string lire(const std::string& cheminMac) const {
+        std::ifstream flux(reel(cheminMac), std::ios::binary);
+        std::ostringstream contenu;
+        contenu << flux.rdbuf();
+        return contenu.str();
+    }
+
+    void poser(const std::string& cheminMac, const std::string& contenu) const {
+        std::filesystem::create_directories(reel(cheminMac).parent_path());
+        std::ofstream(reel(cheminMac), std::ios::binary) << contenu;
+        ASSERT_EQ(lire(cheminMac), contenu);
+    }
+
+    void poserEtat(const std::string& fait, const std::string& contenu) const {
+        poser("/etat/" + fait, contenu);
+    }
+
+    // Remplace un outil du Mac par ce script.
+    void poserOutil(const std::string& cheminMac, const std::string& script) const {
+        poser(cheminMac, "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(reel(cheminMac), std::filesystem::perms::owner_all);
+    }
+
+    void retirer(const std::string& cheminMac) const {
+        std::filesystem::remove_all(reel(cheminMac));
+    }
+
+    bool existe(const std::string& cheminMac) const {
+        return std::filesystem::exists(reel(cheminMac));
+    }
+
+private:
+    std::filesystem::path dossier_;
+    std::filesystem::path racine_;
+    std::string maison_;
+};
+
+// Vrai dès que le prédicat l'est, faux après la limite. La boucle de Qt tourne par `entretemps`.
+inline bool attendre(
+    const std::function<bool()>& predicat, const std::function<void()>& entretemps = [] {},
+    int limiteEnSecondes = 30) {
+    const auto limite = std::chrono::steady_clock::now() + std::chrono::seconds(limiteEnSecondes);
+    while (!predicat()) {
+        if (std::chrono::steady_clock::now() > limite) {
+            return false;
+        }
+        entretemps();
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+    return true;
+}
+
+} // namespace essai
