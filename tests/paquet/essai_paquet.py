@@ -1,0 +1,155 @@
+"""Le paquet assemblé autour de l'exécutable, et les refus de ./empaqueter."""
+
+import os
+import plistlib
+import re
+import shutil
+import struct
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+RACINE = Path(os.environ["LUMIVIA_RACINE"])
+CROISE = Path(os.environ["LUMIVIA_CROISE"])
+NOM = "Assistant Lumivia.app"
+
+
+def lancer(*commande):
+    return subprocess.run([str(c) for c in commande], capture_output=True, text=True)
+
+
+def arbre(dossier):
+    """Chemin, droits, date et contenu de tout ce que le dossier contient."""
+    return {str(p.relative_to(dossier)): (p.stat().st_mode, int(p.stat().st_mtime),
+                                          p.read_bytes() if p.is_file() else b"")
+            for p in dossier.rglob("*")}
+
+
+def bibliotheque(dossier, puces):
+    """Une vraie bibliothèque dynamique de macOS, vide, pour ces puces."""
+    tranches = []
+    for puce in puces:
+        tranche = dossier / f"{puce}.dylib"
+        objet = dossier / f"{puce}.o"
+        subprocess.run(["clang-16", "-target", f"{puce}-apple-macos11.0", "-c", "-x", "c",
+                        "/dev/null", "-o", objet], check=True)
+        subprocess.run(["ld64.lld-16", "-dylib", "-arch", puce, "-platform_version", "macos",
+                        "11.0", "11.0", "-install_name", "@rpath/libftd2xx.dylib", "-o", tranche,
+                        objet, CROISE / "souches/libSystem.tbd"], check=True)
+        tranches.append(tranche)
+    reunie = dossier / "libftd2xx.dylib"
+    subprocess.run(["llvm-lipo-16", "-create", *tranches, "-output", reunie], check=True)
+    return reunie
+
+
+class Paquet(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.dossier = Path(tempfile.mkdtemp())
+        cls.addClassCleanup(shutil.rmtree, cls.dossier)
+        cls.contenu = cls.assembler("premier") / "Contents"
+
+    @classmethod
+    def assembler(cls, nom, *options):
+        fin = lancer(RACINE / "outils/assembler-paquet", CROISE / "Assistant Lumivia",
+                     cls.dossier / nom, *options)
+        assert fin.returncode == 0, fin.stderr
+        return cls.dossier / nom / NOM
+
+    def test_porte_un_Info_plist_complet(self):
+        info = plistlib.loads((self.contenu / "Info.plist").read_bytes())
+        projet = (RACINE / "CMakeLists.txt").read_text()
+        version = re.search(r"project\(.*VERSION ([\d.]+)", projet).group(1)
+        identite = (RACINE / "plateforme/identite.hpp").read_text()
+        attendu = {
+            "CFBundleIdentifier": re.search(r'kIdentifiantPaquet = "(.+?)"', identite).group(1),
+            "CFBundleName": "Assistant Lumivia", "CFBundleDisplayName": "Assistant Lumivia",
+            "CFBundleExecutable": "Assistant Lumivia", "CFBundlePackageType": "APPL",
+            "CFBundleShortVersionString": version, "CFBundleVersion": version,
+            "CFBundleDevelopmentRegion": "fr", "CFBundleIconFile": "AssistantLumivia",
+            "CFBundleInfoDictionaryVersion": "6.0", "CFBundleSupportedPlatforms": ["MacOSX"],
+            "LSMinimumSystemVersion": "10.15", "NSHighResolutionCapable": True,
+            "LSMinimumSystemVersionByArchitecture": {"arm64": "11.0", "x86_64": "10.15"},
+            "LSApplicationCategoryType": "public.app-category.utilities",
+            "NSPrincipalClass": "NSApplication",
+        }
+        textes = {cle: info.pop(cle) for cle in ("NSAppleEventsUsageDescription",
+                                                 "NSHumanReadableCopyright")}
+        self.assertEqual(info, attendu)
+        self.assertTrue(all(len(texte) > 10 for texte in textes.values()))
+
+    def test_demande_exactement_deux_droits(self):
+        droits = plistlib.loads((RACINE / "paquet/AssistantLumivia.entitlements").read_bytes())
+        self.assertEqual(droits, {"com.apple.security.device.usb": True,
+                                  "com.apple.security.automation.apple-events": True})
+
+    def test_porte_l_executable_les_images_et_la_langue(self):
+        self.assertTrue(os.access(self.contenu / "MacOS/Assistant Lumivia", os.X_OK))
+        ressources = self.contenu / "Resources"
+        for nom in ("02-ouverture-extensions-par-categorie", "05-terminal-mot-de-passe",
+                    "03-extensions-gestionnaire-ftdi-desactive",
+                    "06-fenetre-kmutil-mot-de-passe"):
+            self.assertEqual((ressources / f"{nom}.png").read_bytes()[:4], b"\x89PNG", nom)
+        self.assertTrue((ressources / "fr.lproj/InfoPlist.strings").is_file())
+        self.assertFalse((self.contenu / "Frameworks").exists())
+        poids = sum(p.stat().st_size for p in self.contenu.rglob("*") if p.is_file())
+        self.assertLessEqual(poids, 4_000_000)
+
+    def test_porte_une_icone_a_toutes_les_tailles_telle_que_dessinee(self):
+        icone = (self.contenu / "Resources/AssistantLumivia.icns").read_bytes()
+        magie, longueur = struct.unpack_from(">4sI", icone)
+        self.assertEqual((magie, longueur), (b"icns", len(icone)))
+        cotes, position = {}, 8
+        while position < longueur:
+            genre, taille = struct.unpack_from(">4sI", icone, position)
+            if icone[position + 9:position + 12] == b"PNG":
+                cotes[genre] = struct.unpack_from(">II", icone, position + 24)
+            elif genre in (b"s8mk", b"l8mk"):
+                cotes[genre] = (int((taille - 8) ** 0.5),) * 2
+            position += taille
+        self.assertEqual({genre: cote for genre, (cote, _) in cotes.items()},
+                         {b"s8mk": 16, b"l8mk": 32, b"ic11": 32, b"ic12": 64, b"ic07": 128,
+                          b"ic13": 256, b"ic08": 256, b"ic14": 512, b"ic09": 512, b"ic10": 1024})
+        redessinee = self.dossier / "redessinee.icns"
+        fin = lancer(RACINE / "paquet/icone/generer", redessinee)
+        self.assertEqual(fin.returncode, 0, fin.stderr)
+        self.assertEqual(redessinee.read_bytes(), icone, "l'icône n'est plus celle du dessin")
+
+    def test_est_le_meme_a_chaque_assemblage(self):
+        second = self.assembler("second")
+        self.assertEqual(arbre(second), arbre(self.contenu.parent))
+
+    def test_ne_nomme_aucun_chemin_de_la_machine(self):
+        for fichier in filter(Path.is_file, self.contenu.rglob("*")):
+            self.assertNotIn(str(RACINE).encode() + b"/", fichier.read_bytes(), fichier)
+
+    def test_recoit_la_bibliotheque_D2XX_sans_y_toucher(self):
+        fournie = bibliotheque(self.dossier, ("x86_64", "arm64"))
+        recue = self.assembler("avec", fournie) / "Contents/Frameworks/libftd2xx.dylib"
+        self.assertEqual(recue.read_bytes(), fournie.read_bytes())
+        self.assertTrue(os.access(recue, os.X_OK))
+
+
+class Commande(unittest.TestCase):
+    def refuse(self, statut, extrait, *options):
+        fin = lancer(RACINE / "empaqueter", *options)
+        self.assertEqual(fin.returncode, statut, fin.stderr)
+        self.assertRegex(fin.stderr, r"^Erreur : [^\n]*\.?\n$")
+        self.assertIn(extrait, fin.stderr)
+
+    def test_refuse_une_option_fausse(self):
+        self.refuse(2, "inconnue", "--nimporte")
+        self.refuse(2, "attend une valeur", "--d2xx")
+        self.refuse(2, "que sur un Mac", "--identite", "Quelqu'un")
+
+    def test_refuse_une_bibliotheque_qui_n_en_est_pas_une(self):
+        with tempfile.TemporaryDirectory() as dossier:
+            une_puce = bibliotheque(Path(dossier), ("arm64",))
+            self.refuse(1, "n'existe pas", "--d2xx", Path(dossier) / "rien.dylib")
+            for fichier in (une_puce, "/bin/ls", CROISE / "Assistant Lumivia"):
+                self.refuse(1, "pour les deux puces", "--d2xx", fichier)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2)
