@@ -6,12 +6,25 @@
 #include "plateforme/presse_papiers.hpp"
 
 #include <QtGui/QClipboard>
-#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QDialog>
 
 namespace plateforme {
 namespace {
 
+constexpr int kLargeur = 340;
+constexpr double kTailleMessage = 15;
+constexpr double kTailleInformation = 13;
+
 int alertesOuvertes = 0;
+
+QLabel* paragraphe(const std::string& texte, double taille, bool gras) {
+    auto* etiquette = new QLabel(texteQt(texte));
+    etiquette->setTextFormat(Qt::PlainText);
+    etiquette->setFont(police(taille, gras));
+    etiquette->setWordWrap(true);
+    etiquette->setFixedWidth(kLargeur);
+    return etiquette;
+}
 
 } // namespace
 
@@ -21,22 +34,21 @@ bool alerteOuverte() {
 
 void alerte(const std::string& message, const std::string& information) {
     applicationQt();
-    QMessageBox boite(QApplication::activeWindow());
-    boite.setWindowTitle(QApplication::applicationName());
-    boite.setIcon(QMessageBox::Information);
-    boite.setTextFormat(Qt::PlainText);
-    boite.setText(texteQt(message));
-    boite.setInformativeText(texteQt(information));
-    Bouton ok("OK", [] {});
+    QDialog dialogue(QApplication::activeWindow());
+    dialogue.setWindowTitle(QApplication::applicationName());
+    auto* colonne = new QVBoxLayout(&dialogue);
+    colonne->setContentsMargins(24, 20, 24, 20);
+    colonne->setSpacing(10);
+    colonne->setSizeConstraint(QLayout::SetFixedSize);
+    colonne->addWidget(paragraphe(message, kTailleMessage, true));
+    colonne->addWidget(paragraphe(information, kTailleInformation, false));
+    const Bouton ok("OK", [&dialogue] { dialogue.accept(); });
     ok.setParDefaut();
-    auto* bouton = &widget<QPushButton>(ok);
-    boite.addButton(bouton, QMessageBox::AcceptRole);
-    boite.setDefaultButton(bouton);
-    boite.setEscapeButton(bouton);
+    colonne->addSpacing(6);
+    colonne->addWidget(&widget<QPushButton>(ok), 0, Qt::AlignRight);
     ++alertesOuvertes;
-    boite.exec();
+    dialogue.exec();
     --alertesOuvertes;
-    bouton->setParent(nullptr);
 }
 
 void copierTexte(const std::string& texte) {

@@ -2,9 +2,8 @@
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/vue_native.hpp"
 
+#include <QtGui/QFocusEvent>
 #include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
-#include <QtWidgets/QStyleOptionButton>
 
 namespace plateforme {
 namespace {
@@ -43,6 +42,13 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    // L'anneau ne se montre qu'à qui se déplace au clavier.
+    void focusInEvent(QFocusEvent* evenement) override {
+        clavier_ = evenement->reason() == Qt::TabFocusReason ||
+                   evenement->reason() == Qt::BacktabFocusReason;
+        QPushButton::focusInEvent(evenement);
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter peintre(this);
         peintre.setRenderHint(QPainter::Antialiasing);
@@ -51,7 +57,7 @@ protected:
         peintre.setPen(couleurs.bord);
         peintre.setBrush(couleurs.fond);
         peintre.drawRoundedRect(cadre, kRayon, kRayon);
-        if (hasFocus()) {
+        if (hasFocus() && clavier_) {
             const double retrait = kAnneau - 0.5;
             peintre.setPen(QPen(couleurs.anneau, 2));
             peintre.setBrush(Qt::NoBrush);
@@ -64,6 +70,7 @@ protected:
 
 private:
     Gabarit gabarit_ = kOrdinaire;
+    bool clavier_ = false;
 };
 
 } // namespace

@@ -61,12 +61,22 @@ QPixmap imageDeLaFenetre(FenetreQt& fenetre, QWidget* alerte) {
     return image;
 }
 
-class Demonstration {
+class Demonstration : public QObject {
 public:
     explicit Demonstration(QString dossier) : dossier_(std::move(dossier)) {
         QObject::connect(&regard_, &QTimer::timeout, [this] { regarder(); });
         regard_.start(kIntervalle);
         sansChangement_.start();
+        qApp->installEventFilter(this);
+    }
+
+    // Une page qui ne dure que le temps d'une analyse passe entre deux regards : sa mise en place
+    // en provoque un.
+    bool eventFilter(QObject* objet, QEvent* evenement) override {
+        if (evenement->type() == QEvent::LayoutRequest) {
+            QTimer::singleShot(0, this, [this] { regarder(); });
+        }
+        return QObject::eventFilter(objet, evenement);
     }
 
 private:
@@ -97,7 +107,7 @@ private:
 
 void Demonstration::regarder() {
     FenetreQt* fenetre = fenetreAssistant();
-    if (fenetre == nullptr) {
+    if (fenetre == nullptr || !regard_.isActive()) {
         return;
     }
     if (QWidget* alerte = QApplication::activeModalWidget()) {

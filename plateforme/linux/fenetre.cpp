@@ -7,6 +7,8 @@
 #include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
 
+#include <algorithm>
+
 namespace plateforme {
 
 FenetreQt::FenetreQt(const QString& titre, QSize taille)
@@ -42,6 +44,27 @@ void FenetreQt::closeEvent(QCloseEvent* evenement) {
         surFermeture();
     }
     QWidget::closeEvent(evenement);
+}
+
+bool FenetreQt::focusNextPrevChild(bool suivant) {
+    QList<QWidget*> arrets;
+    for (QWidget* vue : contenu_->findChildren<QWidget*>()) {
+        if (vue->isVisible() && vue->isEnabled() && (vue->focusPolicy() & Qt::TabFocus) != 0) {
+            arrets.push_back(vue);
+        }
+    }
+    if (arrets.isEmpty()) {
+        return false;
+    }
+    const auto place = [this](const QWidget* vue) { return vue->mapTo(this, QPoint()); };
+    std::sort(arrets.begin(), arrets.end(), [&place](const QWidget* a, const QWidget* b) {
+        return std::pair(place(a).y(), place(a).x()) < std::pair(place(b).y(), place(b).x());
+    });
+    const qsizetype ici = arrets.indexOf(QApplication::focusWidget());
+    const qsizetype pas = suivant ? ici + 1 : (ici < 0 ? arrets.size() : ici) - 1;
+    arrets[(pas + arrets.size()) % arrets.size()]->setFocus(suivant ? Qt::TabFocusReason
+                                                                    : Qt::BacktabFocusReason);
+    return true;
 }
 
 struct Fenetre::Native {

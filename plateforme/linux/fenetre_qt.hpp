@@ -19,6 +19,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* evenement) override;
+    // Le clavier va de haut en bas et de gauche à droite, quel que soit l'âge des boutons.
+    bool focusNextPrevChild(bool suivant) override;
 
 private:
     // Retour va au bouton par défaut, où que soit le clavier.
