@@ -12,7 +12,7 @@ Journal::Journal()
     : fichier_(plateforme::dossierPersonnel() + "/Library/Logs/Assistant Lumivia.log") {}
 
 void Journal::note(const std::string& message) {
-    lignes_.push_back("[" + plateforme::horodatageLocal() + "] " + message);
+    lignes_.push_back('[' + plateforme::horodatageLocal() + "] " + message);
     ecrire(lignes_.back() + "\n");
 }
 
