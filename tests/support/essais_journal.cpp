@@ -1,0 +1,177 @@
+// Le journal, en mémoire et sur le disque.
+
+#include "commun/limite.hpp"
+#include "commun/mac.hpp"
+#include "support/journal.hpp"
+
+#include <ctime>
+#include <map>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kLongueurDate = std::string_view("[2024-05-17 14:03:09] ").size();
+
+class EssaiJournal : public testing::Test {
+protected:
+    const essai::Mac mac;
+    const std::string dossier = mac.maison() + "/Library/Logs";
+    const std::string fichier = dossier + "/Assistant Lumivia.log";
+
+    // Quoi qu'il arrive au fichier, la ligne vit en mémoire. Rend la ligne du fichier.
+    static std::string noter(const std::string& message) {
+        const std::size_t avant = Journal::shared().lignes().size();
+        Journal::shared().note(message);
+        EXPECT_EQ(Journal::shared().lignes().size(), avant + 1);
+        EXPECT_EQ(Journal::shared().lignes().back().substr(kLongueurDate), message);
+        return Journal::shared().lignes().back() + "\n";
+    }
+
+    std::ptrdiff_t fichiersDuDossier() const {
+        const fs::directory_iterator contenu(mac.reel(dossier));
+        return std::distance(begin(contenu), end(contenu));
+    }
+};
+
+std::string enTete(std::time_t instant) {
+    std::tm date{};
+    ::gmtime_r(&instant, &date);
+    char texte[64];
+    return {texte, std::strftime(texte, sizeof texte, "[%Y-%m-%d %H:%M:%S] ", &date)};
+}
+
+using Ecrivains = std::map<char, std::size_t>; // la lettre de chacun, la longueur de ses messages
+
+// Des processus qui écrivent chacun ces lignes, tous au même départ : la fermeture d'un tube.
+void laisserEcrire(const Ecrivains& ecrivains, int lignes) {
+    int tube[2];
+    ASSERT_EQ(::pipe(tube), 0);
+    for (const auto& [lettre, longueur] : ecrivains) {
+        if (::fork() != 0) {
+            continue;
+        }
+        char rien = 0;
+        ::close(tube[1]);
+        const bool parti = ::read(tube[0], &rien, 1) == 0;
+        for (int i = 0; i < lignes; ++i) {
+            Journal::shared().note(std::string(longueur, lettre) + std::to_string(i));
+        }
+        ::_exit(parti ? 0 : 1);
+    }
+    ::close(tube[0]);
+    ::close(tube[1]);
+    for (std::size_t i = 0; i < ecrivains.size(); ++i) {
+        int etat = 1;
+        EXPECT_GT(::wait(&etat), 0);
+        EXPECT_EQ(etat, 0);
+    }
+}
+
+// Chacun retrouve toutes ses lignes, dans leur ordre, et aucune n'est déchirée.
+void verifier(const std::string& contenu, const Ecrivains& ecrivains, int lignes) {
+    std::istringstream flux(contenu);
+    std::map<char, int> vues;
+    for (std::string ligne; std::getline(flux, ligne);) {
+        ASSERT_GT(ligne.size(), kLongueurDate);
+        ASSERT_EQ(ligne.front(), '[');
+        const std::string message = ligne.substr(kLongueurDate);
+        const auto auteur = ecrivains.find(message.front());
+        ASSERT_NE(auteur, ecrivains.end());
+        ASSERT_TRUE(message == std::string(auteur->second, auteur->first) +
+                                   std::to_string(vues[auteur->first]++));
+    }
+    for (const auto& [lettre, longueur] : ecrivains) {
+        EXPECT_EQ(vues[lettre], lignes);
+    }
+}
+
+} // namespace
+
+TEST_F(EssaiJournal, LaPremiereLigneCreeLeFichierALHeureLocale) {
+    ::setenv("TZ", "<+14>-14", 1); // quatorze heures d'avance
+    EXPECT_TRUE(Journal::shared().lignes().empty());
+    const std::time_t avant = std::time(nullptr) + 14L * 3600;
+    const std::string ligne = noter("Démarrage de l'assistant 🎉");
+    EXPECT_GE(ligne.substr(0, kLongueurDate), enTete(avant));
+    EXPECT_LE(ligne.substr(0, kLongueurDate), enTete(std::time(nullptr) + 14L * 3600));
+    EXPECT_EQ(mac.lire(fichier), ligne);
+    EXPECT_EQ(fichiersDuDossier(), 1);
+}
+
+TEST_F(EssaiJournal, ChaqueMessageSuitLePrecedentSansRienEffacer) {
+    std::string attendu = "[2024-05-17 14:03:09] une autre exécution\n";
+    mac.poser(fichier, attendu);
+    for (const std::string& message : {std::string(), std::string("Diagnostic :\nMac : M\n\nfin\n"),
+                                       std::string(1 << 20, 'm')}) {
+        attendu += noter(message);
+    }
+    EXPECT_TRUE(mac.lire(fichier) == attendu);
+    EXPECT_EQ(Journal::shared().lignes().size(), 3U);
+}
+
+TEST_F(EssaiJournal, LeFichierReprendQuandSonDossierRevient) {
+    mac.retirer(dossier);
+    noter("un");
+    EXPECT_FALSE(mac.existe(dossier));
+    fs::create_directories(mac.reel(fichier)); // un dossier à la place du fichier
+    noter("deux");
+    EXPECT_TRUE(fs::is_directory(mac.reel(fichier)));
+    EXPECT_EQ(fichiersDuDossier(), 1);
+    mac.retirer(fichier);
+    const std::string ligne = noter("trois");
+    EXPECT_EQ(mac.lire(fichier), ligne);
+}
+
+TEST_F(EssaiJournal, UnFichierEnLectureSeuleResteTelQuel) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root écrit partout";
+    }
+    mac.poser(fichier, "avant\n");
+    fs::permissions(mac.reel(fichier), fs::perms::owner_read);
+    noter("un");
+    EXPECT_EQ(mac.lire(fichier), "avant\n");
+    EXPECT_EQ(fichiersDuDossier(), 1);
+}
+
+TEST_F(EssaiJournal, UnDisquePleinNePerdRienDeCeQuiEtaitEcrit) {
+    {
+        const essai::Limite limite(RLIMIT_FSIZE, 10); // même la première ligne n'a pas la place
+        noter("un");
+        EXPECT_EQ(fichiersDuDossier(), 0);
+    }
+    const std::string ancien(5000, '\n');
+    mac.poser(fichier, ancien);
+    {
+        const essai::Limite limite(RLIMIT_FSIZE, ancien.size());
+        noter("deux");
+        EXPECT_EQ(mac.lire(fichier), ancien);
+    }
+    const std::string ligne = noter("trois");
+    EXPECT_EQ(mac.lire(fichier), ancien + ligne);
+
+    mac.retirer(fichier);
+    fs::create_symlink("/dev/full", mac.reel(fichier));
+    noter("quatre");
+    EXPECT_EQ(fs::read_symlink(mac.reel(fichier)), "/dev/full");
+    EXPECT_EQ(fichiersDuDossier(), 1);
+}
+
+// La première ligne est le moment dangereux : chacun croit le fichier absent.
+TEST_F(EssaiJournal, DesProgrammesQuiCommencentEnsembleNePerdentAucuneLigne) {
+    const Ecrivains ecrivains{{'a', 1}, {'b', 80}, {'c', 5000}};
+    for (int tour = 0; tour < 40 && !HasFailure(); ++tour) {
+        mac.retirer(fichier);
+        laisserEcrire(ecrivains, 10);
+        verifier(mac.lire(fichier), ecrivains, 10);
+        EXPECT_EQ(fichiersDuDossier(), 1);
+    }
+}
+
+TEST_F(EssaiJournal, UneLigneDUnMegaoctetNeSeMelePasAuxAutres) {
+    const Ecrivains ecrivains{{'a', 1 << 20}, {'b', 30}, {'c', 1 << 20}};
+    laisserEcrire(ecrivains, 20);
+    verifier(mac.lire(fichier), ecrivains, 20);
+}

@@ -1,0 +1,94 @@
+// Le décodage UTF-8 et les blancs d'Unicode.
+
+#include "support/utf8.hpp"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using namespace std::string_literals;
+
+namespace {
+
+const std::string R = "\uFFFD";
+
+std::string remplacements(int nombre) {
+    return nombre == 0 ? "" : R + remplacements(nombre - 1);
+}
+
+} // namespace
+
+TEST(Utf8, ChaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
+    const std::pair<std::string, std::string> table[]{
+        // Les exemples de la norme Unicode : formes trop longues, demi-codets, au-delà de U+10FFFF,
+        // séquences tronquées.
+        {"\xC0\xAF\xE0\x80\xBF\xF0\x81\x82\x41", remplacements(8) + "A"},
+        {"\xED\xA0\x80\xED\xBF\xBF\xED\xAF\x41", remplacements(8) + "A"},
+        {"\xF4\x91\x92\x93\xFF\x41\x80\xBF\x42", remplacements(5) + "A" + R + R + "B"},
+        {"\xE1\x80\xE2\xF0\x91\x92\xF1\xBF\x41", remplacements(4) + "A"},
+        {"\xC1\xBF\xF5\x80\xFE", remplacements(5)},
+        // Coupées à la fin ou par la suivante.
+        {"é\xC3", "é" + R},
+        {"\xE2\x82", R},
+        {"\xF0\x9F\x98", R},
+        {"\xF0\x9F\x98😀", R + "😀"},
+        // Une marque d'ordre des octets et un zéro sont des caractères.
+        {"\xEF\xBB\xBFtexte\xFF", "\xEF\xBB\xBFtexte" + R},
+        {"a\0\xFF\0"s, "a\0"s + R + "\0"s},
+    };
+    for (const auto& [octets, texte] : table) {
+        EXPECT_EQ(decoderUtf8(octets), texte);
+        EXPECT_FALSE(estUtf8Valide(octets));
+        EXPECT_TRUE(estUtf8Valide(texte));
+    }
+}
+
+TEST(Utf8, UnTexteValideEstRenduTelQuel) {
+    for (const std::string& texte :
+         {""s, "ASCII\0\x7F"s, "\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"s,
+          "\xEF\xBB\xBF début"s, "Émetteur 🎉 n\u0301"s}) {
+        EXPECT_EQ(decoderUtf8(texte), texte);
+        EXPECT_TRUE(estUtf8Valide(texte));
+    }
+}
+
+// L'ASCII se lit par mots de huit octets : aucune position ne doit y échapper.
+TEST(Utf8, UnOctetFautifSeVoitAToutePosition) {
+    for (std::size_t i = 0; i < 40; ++i) {
+        std::string octets(40, 'x');
+        octets[i] = '\xFF';
+        EXPECT_EQ(decoderUtf8(octets), std::string(i, 'x') + R + std::string(39 - i, 'x'));
+    }
+}
+
+TEST(Utf8, DesOctetsQuelconquesDonnentUnTexteValide) {
+    std::mt19937 hasard(20240517);
+    const std::string pioche = "az\n\x80\x8F\x90\x9F\xA0\xBF\xC0\xC2\xDF\xE0\xE1\xED\xEF\xF0\xF4";
+    for (int tour = 0; tour < 20000; ++tour) {
+        std::string octets(hasard() % 24, '\0');
+        for (char& octet : octets) {
+            octet = pioche[hasard() % pioche.size()];
+        }
+        const std::string texte = decoderUtf8(octets);
+        ASSERT_TRUE(estUtf8Valide(texte));
+        ASSERT_EQ(texte == octets, estUtf8Valide(octets));
+    }
+}
+
+TEST(Utf8, LesBlancsDUnicodeSeRognentAuxDeuxBouts) {
+    std::string tous;
+    for (const std::string blanc :
+         {"\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00A0", "\u1680",
+          "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
+          "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"}) {
+        EXPECT_EQ(rogner(blanc + "é" + blanc + "é" + blanc), "é" + blanc + "é");
+        EXPECT_EQ(rogner(blanc), "");
+        tous += blanc;
+    }
+    EXPECT_EQ(rogner(tous + "Mac14,2" + tous), "Mac14,2");
+    EXPECT_EQ(rogner(tous), "");
+    EXPECT_EQ(rogner(""), "");
+    for (const std::string visible :
+         {"\x08", "\x1F", "\u00AD", "\u180E", "\u200B", "\u2060", "\uFEFF"}) {
+        EXPECT_EQ(rogner(visible + " " + visible), visible + " " + visible);
+    }
+}
