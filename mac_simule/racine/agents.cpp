@@ -4,7 +4,6 @@
 
 #include <QXmlStreamReader>
 #include <iostream>
-#include <set>
 
 namespace mac_simule {
 
@@ -83,15 +82,11 @@ std::optional<Agent> lireAgent(const std::string& xml) {
 }
 
 std::vector<Agent> agentsDe(const fs::path& dossier) {
-    std::error_code absent; // un dossier absent, ou qui n'en est pas un, n'a pas d'agent
-    std::set<fs::path> fichiers;
-    for (const auto& entree : fs::directory_iterator(dossier, absent)) {
-        if (entree.path().extension() == ".plist") {
-            fichiers.insert(entree.path());
-        }
-    }
     std::vector<Agent> agents;
-    for (const auto& fichier : fichiers) {
+    for (const auto& fichier : contenuDe(dossier)) {
+        if (fichier.extension() != ".plist") {
+            continue;
+        }
         if (auto agent = lireAgent(lireFichier(fichier))) {
             agents.push_back(std::move(*agent));
         } else {

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <iostream>
 #include <optional>
-#include <set>
 
 namespace fs = std::filesystem;
 using namespace mac_simule;
@@ -41,31 +40,38 @@ fs::path dossierDuProgramme() {
     return fs::read_symlink("/proc/self/exe", ignoree).parent_path();
 }
 
+bool lireOption(Demande& d, const std::string& option, const std::string& valeur) {
+    if (option == "--scenario") {
+        d.scenario = valeur;
+    } else if (option == "--outils") {
+        d.outils = valeur;
+    } else if (option == "--scenarios") {
+        d.scenarios = valeur;
+    } else if (option == "--utilisateur") {
+        d.utilisateur = valeur;
+        return nomUtilisateurValide(valeur);
+    } else {
+        return false;
+    }
+    return true;
+}
+
 std::optional<Demande> lireDemande(const std::vector<std::string>& arguments) {
-    Demande d;
     std::error_code ignoree; // sans dossier courant, le chemin reste relatif et sera refusé
+    Demande d;
     d.outils = dossierDuProgramme() / "outils";
     d.scenarios = dossierDuProgramme() / "scenarios";
     for (auto it = arguments.begin(); it != arguments.end(); ++it) {
-        if (*it == "--liste" || *it == "--verifier") {
-            (*it == "--liste" ? d.liste : d.verifier) = true;
-        } else if (it->rfind("--", 0) != 0) {
-            if (!d.racine.empty() || it->empty()) {
-                return {};
-            }
+        if (*it == "--liste") {
+            d.liste = true;
+        } else if (*it == "--verifier") {
+            d.verifier = true;
+        } else if (it->rfind("--", 0) != 0 && !it->empty() && d.racine.empty()) {
             d.racine = fs::absolute(*it, ignoree).lexically_normal();
-        } else if (const auto& option = *it; ++it == arguments.end()) {
+        } else if (it + 1 == arguments.end() || !lireOption(d, *it, *(it + 1))) {
             return {};
-        } else if (option == "--scenario") {
-            d.scenario = *it;
-        } else if (option == "--outils") {
-            d.outils = *it;
-        } else if (option == "--scenarios") {
-            d.scenarios = *it;
-        } else if (option == "--utilisateur" && nomUtilisateurValide(*it)) {
-            d.utilisateur = *it;
         } else {
-            return {};
+            ++it;
         }
     }
     if (!d.racine.has_filename()) {
@@ -74,19 +80,11 @@ std::optional<Demande> lireDemande(const std::vector<std::string>& arguments) {
     return d;
 }
 
-std::set<fs::path> fichiersScenarios(const fs::path& dossier) {
-    std::set<fs::path> fichiers;
-    std::error_code ignoree; // un dossier qui ne se lit pas n'a pas de scénario
-    for (const auto& entree : fs::directory_iterator(dossier, ignoree)) {
-        if (entree.path().extension() == ".scenario") {
-            fichiers.insert(entree.path());
-        }
-    }
-    return fichiers;
-}
-
 int lister(const fs::path& dossier) {
-    for (const auto& fichier : fichiersScenarios(dossier)) {
+    for (const auto& fichier : contenuDe(dossier)) {
+        if (fichier.extension() != ".scenario") {
+            continue;
+        }
         const auto lu = lireScenario(lireFichier(fichier));
         const auto* scenario = std::get_if<Scenario>(&lu);
         std::string nom = fichier.stem();
@@ -99,9 +97,9 @@ int lister(const fs::path& dossier) {
 }
 
 int creer(const Demande& demande) {
-    const auto fichiers = fichiersScenarios(demande.scenarios);
     const auto fichier = demande.scenarios / (demande.scenario + ".scenario");
-    if (fichiers.count(fichier) == 0) {
+    std::error_code ignoree; // ce qui ne se lit pas n'existe pas
+    if (fichier.parent_path() != demande.scenarios || !fs::is_regular_file(fichier, ignoree)) {
         return echouer("Le scénario « " + demande.scenario +
                        " » n'existe pas ; --liste donne les scénarios.");
     }

@@ -1,5 +1,6 @@
 #include "mac_simule/racine/etat.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <ctime>
@@ -20,6 +21,17 @@ bool ecrireFichier(const fs::path& chemin, std::string_view contenu) {
     flux.write(contenu.data(), static_cast<std::streamsize>(contenu.size()));
     flux.close();
     return flux.good();
+}
+
+std::vector<fs::path> contenuDe(const fs::path& dossier) {
+    std::vector<fs::path> chemins;
+    std::error_code illisible; // ce qui a pu être lu reste bon à prendre
+    for (fs::directory_iterator ici(dossier, illisible), fin; !illisible && ici != fin;
+         ici.increment(illisible)) {
+        chemins.push_back(ici->path());
+    }
+    std::sort(chemins.begin(), chemins.end());
+    return chemins;
 }
 
 std::string lireFait(const fs::path& racine, const std::string& nom) {

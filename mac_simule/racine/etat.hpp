@@ -8,11 +8,15 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mac_simule {
 
 std::string lireFichier(const std::filesystem::path& chemin);
 bool ecrireFichier(const std::filesystem::path& chemin, std::string_view contenu);
+
+// Les chemins qu'un dossier contient, dans l'ordre ; aucun quand il ne se lit pas.
+std::vector<std::filesystem::path> contenuDe(const std::filesystem::path& dossier);
 
 // La première ligne de RACINE/etat/NOM.
 std::string lireFait(const std::filesystem::path& racine, const std::string& nom);

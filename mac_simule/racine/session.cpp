@@ -40,9 +40,8 @@ pid_t parentDe(pid_t pid) {
 
 std::vector<pid_t> descendants() {
     std::map<pid_t, pid_t> parents;
-    std::error_code partis; // un processus peut finir pendant la lecture
-    for (const auto& entree : fs::directory_iterator("/proc", partis)) {
-        const std::string nom = entree.path().filename();
+    for (const auto& dossier : contenuDe("/proc")) {
+        const std::string nom = dossier.filename();
         pid_t pid = 0;
         if (std::from_chars(nom.data(), nom.data() + nom.size(), pid).ec == std::errc()) {
             parents[pid] = parentDe(pid);

@@ -31,8 +31,9 @@ void ouvrirXterm(const std::string& racine, const std::string& script) {
     std::error_code ignoree; // sans son propre chemin, la fenêtre ne s'ouvre pas et le dit
     const std::string moi = fs::read_symlink("/proc/self/exe", ignoree);
     const std::string titre = fs::path(script).filename();
-    execlp("xterm", "xterm", "-u8", "-T", titre.c_str(), "-bg", "black", "-fg", "white", "-e",
-           moi.c_str(), "--fenetre", racine.c_str(), script.c_str(), nullptr);
+    execlp("xterm", "xterm", "-u8", "-T", titre.c_str(), "-geometry", "92x26", "-fa", "Monospace",
+           "-fs", "11", "-bg", "black", "-fg", "white", "-e", moi.c_str(), "--fenetre",
+           racine.c_str(), script.c_str(), nullptr);
 }
 
 int jouer(const std::string& racine, const std::string& script, bool visible) {

@@ -75,7 +75,7 @@ TEST(Agents, UneListeDeProprietesOrdinaireSeLit) {
     const auto agent = lireAgent(
         liste(kProgramme +
               "<key>Autre</key><dict><key>k</key><true/></dict><key>RunAtLoad</key><true/>"));
-    ASSERT_TRUE(agent);
+    ASSERT_TRUE(agent.has_value());
     EXPECT_TRUE(agent->auChargement);
     EXPECT_EQ(agent->programme,
               (std::vector<std::string>{"/usr/bin/open", "/Applications/A & B.app"}));

@@ -136,7 +136,7 @@ TEST(CreerMac, UnMacNeufALesFaitsEtLesDossiersDuScenario) {
 
 TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
     const DossierEssai dossier;
-    const fs::path d = dossier.chemin();
+    const fs::path& d = dossier.chemin();
     fs::create_directory(d / "plein");
     ecrireFichier(d / "plein/x", "");
     ecrireFichier(d / "faux.scenario", "puce arm\n");

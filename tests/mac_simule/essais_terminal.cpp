@@ -15,7 +15,7 @@ protected:
     // Écrit le script dans le dossier de l'assistant et l'ouvre ; rend le fichier du résultat.
     static fs::path ouvrir(const MacEssai& mac, const std::string& reconstruire = "oui") {
         const fs::path dossier = mac.maison() / kDossier;
-        const fs::path resultat = dossier / "resultat-retrait.txt";
+        fs::path resultat = dossier / "resultat-retrait.txt";
         std::string texte = forme("retirer-ancien-pilote.command");
         remplacer(texte, "@RESULTAT@", cheminMac(mac, resultat));
         remplacer(texte, "@RECONSTRUIRE@", reconstruire);
