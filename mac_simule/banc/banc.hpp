@@ -1,0 +1,31 @@
+// La fenêtre « Mac simulé » : quatre panneaux sur la racine d'un Mac, et rien d'autre.
+//
+// Elle regarde le projecteur vingt-cinq fois par seconde, le reste quatre fois. Elle se ferme quand
+// sa racine disparaît ou que etat/banc_fin y paraît. Quand etat/demonstration/portrait_demande
+// paraît, elle enregistre son image au chemin qu'il contient, puis retire la demande. Fil
+// principal.
+#pragma once
+
+#include "mac_simule/banc/racine.hpp"
+
+#include <QtWidgets/QWidget>
+
+namespace banc {
+
+class Panneau;
+
+class Banc : public QWidget {
+public:
+    explicit Banc(const QString& dossier);
+
+private:
+    void suivre();
+    void relireTout();
+    void repondreAuPortrait();
+
+    Racine racine_;
+    Panneau* projecteur_;
+    QList<Panneau*> panneaux_;
+};
+
+} // namespace banc

@@ -1,0 +1,40 @@
+// banc RACINE : la fenêtre « Mac simulé ». Statut : 0 à la fermeture, 2 quand on l'appelle mal.
+#include "mac_simule/banc/apparence.hpp"
+#include "mac_simule/banc/banc.hpp"
+
+#include <QtCore/QSocketNotifier>
+#include <QtWidgets/QApplication>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/signalfd.h>
+
+namespace {
+
+// SIGTERM ferme le banc comme une personne le ferait : il arrive dans la boucle, par un
+// descripteur.
+void ecouterLaFin(QApplication& application) {
+    sigset_t signaux;
+    sigemptyset(&signaux);
+    sigaddset(&signaux, SIGTERM);
+    sigaddset(&signaux, SIGINT);
+    sigprocmask(SIG_BLOCK, &signaux, nullptr);
+    auto* ecoute = new QSocketNotifier(signalfd(-1, &signaux, SFD_CLOEXEC), QSocketNotifier::Read,
+                                       &application);
+    QObject::connect(ecoute, &QSocketNotifier::activated, &application, &QApplication::quit);
+}
+
+} // namespace
+
+int main(int nombre, char** arguments) {
+    if (nombre != 2 || !banc::Racine(QString::fromLocal8Bit(arguments[1])).existe()) {
+        std::fputs("usage : banc RACINE (le dossier d'un Mac simulé)\n", stderr);
+        return 2;
+    }
+    QApplication application(nombre, arguments);
+    ecouterLaFin(application);
+    banc::habiller(application);
+    banc::Banc fenetre(QString::fromLocal8Bit(arguments[1]));
+    fenetre.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,89 @@
+#include "mac_simule/banc/phrases.hpp"
+
+#include <QtCore/QLocale>
+
+namespace banc {
+
+namespace {
+
+constexpr d2xx::Nanosecondes perte = d2xx::microsecondes(1'000'000);
+
+const QLocale& francais() {
+    static const QLocale locale(QLocale::French, QLocale::France);
+    return locale;
+}
+
+QString pourCent(unsigned niveau) {
+    return QString("%1 %").arg((niveau * 100 + 127) / 255);
+}
+
+QString lumiere(const d2xx::Reception& reception) {
+    if (reception.niveauMin != reception.niveauMax) {
+        return QString("Circuits de %1 à %2")
+            .arg(pourCent(reception.niveauMin), pourCent(reception.niveauMax));
+    }
+    switch (reception.niveauMax) {
+    case 0:
+        return "Noir, 0 %";
+    case 255:
+        return "Plein feu, 100 %";
+    default:
+        return "Allumé à " + pourCent(reception.niveauMax);
+    }
+}
+
+QString cadence(const d2xx::Reception& reception) {
+    const QString recues = francais().toString(static_cast<qulonglong>(reception.trames));
+    return QString("%1 trames par seconde, %2 reçues")
+        .arg(francais().toString(reception.milliTramesParSeconde / 1000.0, 'f', 1), recues);
+}
+
+} // namespace
+
+QString defaut(d2xx::Verdict verdict) {
+    switch (verdict) {
+    case d2xx::Verdict::correct:
+        return {};
+    case d2xx::Verdict::ligneMalReglee:
+        return "la ligne n'est pas réglée pour le DMX (250 000 bauds, 8 bits, 2 bits d'arrêt)";
+    case d2xx::Verdict::ruptureCourte:
+        return "rupture trop courte, moins de 88 µs";
+    case d2xx::Verdict::marqueCourte:
+        return "marque après rupture trop courte, moins de 8 µs";
+    case d2xx::Verdict::trameCoupee:
+        return "trame coupée par la suivante";
+    case d2xx::Verdict::nombreDeCreneaux:
+        return "trame qui n'a pas ses 513 créneaux";
+    case d2xx::Verdict::codeDepart:
+        return "code de départ différent de 0";
+    case d2xx::Verdict::rupturesEspacees:
+        return "plus d'une seconde entre deux trames";
+    case d2xx::Verdict::ruptureEmetteur:
+        return "rupture lisible, mais sous les 92 µs demandées à un émetteur";
+    case d2xx::Verdict::marqueEmetteur:
+        return "marque lisible, mais sous les 12 µs demandées à un émetteur";
+    }
+    return {};
+}
+
+Constat constater(const std::optional<d2xx::Reception>& reception, d2xx::Nanosecondes maintenant) {
+    Constat constat;
+    constat.lumiere = "Aucun signal";
+    constat.reception = "Le projecteur attend des trames DMX.";
+    if (!reception || reception->trames == 0 || maintenant - reception->derniereTrame > perte) {
+        return constat;
+    }
+    const QString faute = defaut(reception->verdict);
+    constat.signal = faute.isEmpty() ? Constat::Signal::correct : Constat::Signal::fautif;
+    constat.diagnostic = faute.isEmpty() ? "Signal correct" : "Signal fautif : " + faute;
+    constat.reception = cadence(*reception);
+    if (reception->derniereComprise == 0 || maintenant - reception->derniereComprise > perte) {
+        constat.lumiere = "Signal illisible";
+    } else {
+        constat.lumiere = lumiere(*reception);
+        constat.niveau = reception->niveauMax / 255.0;
+    }
+    return constat;
+}
+
+} // namespace banc
