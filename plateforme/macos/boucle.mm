@@ -9,9 +9,10 @@ namespace plateforme {
 namespace {
 
 void executerSur(dispatch_queue_t file, std::function<void()> tache) {
+    const std::function<void()> aFaire = std::move(tache);
     dispatch_async(file, ^{
       @autoreleasepool {
-          tache();
+          aFaire();
       }
     });
 }
@@ -60,15 +61,15 @@ struct Minuteur::Natif {
 // alerte le suspend.
 Minuteur::Minuteur(double intervalleEnSecondes, std::function<void()> battement)
     : natif_(std::make_unique<Natif>()) {
+    const std::function<void()> aFaire = std::move(battement);
+    void (^bloc)(NSTimer*) = ^(NSTimer*) {
+      // Le battement peut détruire le minuteur, et ce bloc avec lui.
+      const std::function<void()> appel = aFaire;
+      appel();
+    };
     natif_->minuteur = [NSTimer scheduledTimerWithTimeInterval:intervalleEnSecondes
                                                        repeats:YES
-                                                         block:^(NSTimer*) {
-                                                           // Le battement peut détruire le
-                                                           // minuteur, et ce bloc.
-                                                           const std::function<void()> appel =
-                                                               battement;
-                                                           appel();
-                                                         }];
+                                                         block:bloc];
 }
 
 Minuteur::~Minuteur() { [natif_->minuteur invalidate]; }
