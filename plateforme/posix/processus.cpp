@@ -4,11 +4,13 @@
 #include "plateforme/posix/erreurs.hpp"
 #include "plateforme/posix/natif.hpp"
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <spawn.h>
 #include <sys/wait.h>
 
-extern char** environ;
+extern char** environ; // NOLINT(*-redundant-declaration) : un Mac ne la déclare nulle part
 
 namespace plateforme {
 namespace {
@@ -16,7 +18,9 @@ namespace {
 using natif::Descripteur;
 using natif::sansInterruption;
 
-constexpr std::size_t kPremierBloc = 64 * 1024;
+constexpr std::size_t kBloc = 64UL * 1024;
+constexpr std::size_t kCroissance = 64;
+constexpr std::size_t kAjoutMaximal = 256UL * 1024 * 1024;
 
 // Les réglages d'un enfant : le tube en sortie et en erreur, les signaux remis à neuf, aucun
 // descripteur de plus que les trois standard.
@@ -73,22 +77,27 @@ std::vector<char*> tableauDArguments(std::string& programme, std::vector<std::st
     return tableau;
 }
 
-// Lit directement dans le texte, qui double de taille : un gros listage n'est copié que par sa
-// croissance.
+// Fait de la place à un listage qui grandit. Chaque page de mémoire que l'on touche coûte, une page
+// réservée et jamais écrite ne coûte rien : grandir de beaucoup évite les recopies successives.
+void agrandir(std::string& octets, std::size_t venus) {
+    const std::size_t capacite = octets.capacity();
+    if (capacite - octets.size() < venus) {
+        const std::size_t ample = std::min(kCroissance * capacite, capacite + kAjoutMaximal);
+        octets.reserve(std::max({octets.size() + venus, 2 * capacite, ample}));
+    }
+}
+
+// Lit par un bloc qui reste dans le cache : le texte n'est touché qu'une fois, par ce qui y reste.
 std::string lireJusquALaFin(int tube) {
     std::string octets;
-    std::size_t remplis = 0;
+    std::array<char, kBloc> bloc; // NOLINT(*-member-init) : rempli par la lecture
     for (;;) {
-        if (remplis == octets.size()) {
-            octets.resize(octets.empty() ? kPremierBloc : octets.size() * 2);
-        }
-        const ssize_t lus = sansInterruption(
-            [&] { return ::read(tube, octets.data() + remplis, octets.size() - remplis); });
+        const ssize_t lus = sansInterruption([&] { return ::read(tube, bloc.data(), kBloc); });
         if (lus <= 0) { // fin du tube ; une erreur de lecture garde ce qui est déjà reçu
-            octets.resize(remplis);
             return octets;
         }
-        remplis += static_cast<std::size_t>(lus);
+        agrandir(octets, static_cast<std::size_t>(lus));
+        octets.append(bloc.data(), static_cast<std::size_t>(lus));
     }
 }
 
