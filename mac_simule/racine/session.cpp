@@ -105,7 +105,7 @@ bool Session::lancerAssistant(const std::vector<std::string>& arguments) {
 
 // Un processus fini n'a plus d'arguments mais garde son nom, que le noyau coupe à quinze octets.
 bool Session::estAssistant(pid_t pid) const {
-    if (assistants_.count(pid) != 0) {
+    if (assistants_.contains(pid)) {
         return true;
     }
     const std::string dossier = "/proc/" + std::to_string(pid);

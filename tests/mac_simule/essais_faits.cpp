@@ -72,14 +72,13 @@ const std::string kProgramme = "<key>Label</key><string>e</string><key>ProgramAr
 } // namespace
 
 TEST(Agents, UneListeDeProprietesOrdinaireSeLit) {
-    const auto agent = lireAgent(
-        liste(kProgramme +
-              "<key>Autre</key><dict><key>k</key><true/></dict><key>RunAtLoad</key><true/>"));
-    ASSERT_TRUE(agent.has_value());
-    EXPECT_TRUE(agent->auChargement);
-    EXPECT_EQ(agent->programme,
+    const Agent agent = lireAgent(liste(kProgramme + "<key>Autre</key><dict><key>k</key><true/>"
+                                                     "</dict><key>RunAtLoad</key><true/>"))
+                            .value_or(Agent{});
+    EXPECT_TRUE(agent.auChargement);
+    EXPECT_EQ(agent.programme,
               (std::vector<std::string>{"/usr/bin/open", "/Applications/A & B.app"}));
-    EXPECT_FALSE(lireAgent(liste(kProgramme))->auChargement);
+    EXPECT_FALSE(lireAgent(liste(kProgramme)).value_or(agent).auChargement);
 }
 
 TEST(Agents, UneListeMalFormeeNEstPasObeie) {
