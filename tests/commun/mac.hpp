@@ -16,6 +16,14 @@
 
 namespace essai {
 
+// Tout le contenu d'un fichier ; vide quand il ne se lit pas.
+inline std::string contenu(const std::filesystem::path& fichier) {
+    std::ifstream flux(fichier, std::ios::binary);
+    std::ostringstream octets;
+    octets << flux.rdbuf();
+    return octets.str();
+}
+
 class Mac {
 public:
     explicit Mac(const std::string& scenario = "pret",
@@ -49,21 +57,22 @@ public:
         return racine_.string() + cheminMac;
     }
 
-    std::string lire(const std::string& cheminMac) const {
-        std::ifstream flux(reel(cheminMac), std::ios::binary);
-        std::ostringstream contenu;
-        contenu << flux.rdbuf();
-        return contenu.str();
+    std::string lire(const std::string& cheminMac) const { return contenu(reel(cheminMac)); }
+
+    // Nombre d'éléments d'un dossier.
+    std::ptrdiff_t elements(const std::string& cheminMac) const {
+        const std::filesystem::directory_iterator dossier(reel(cheminMac));
+        return std::distance(begin(dossier), end(dossier));
     }
 
-    void poser(const std::string& cheminMac, const std::string& contenu) const {
+    void poser(const std::string& cheminMac, const std::string& octets) const {
         std::filesystem::create_directories(reel(cheminMac).parent_path());
-        std::ofstream(reel(cheminMac), std::ios::binary) << contenu;
-        ASSERT_EQ(lire(cheminMac), contenu);
+        std::ofstream(reel(cheminMac), std::ios::binary) << octets;
+        ASSERT_EQ(lire(cheminMac), octets);
     }
 
-    void poserEtat(const std::string& fait, const std::string& contenu) const {
-        poser("/etat/" + fait, contenu);
+    void poserEtat(const std::string& fait, const std::string& octets) const {
+        poser("/etat/" + fait, octets);
     }
 
     // Remplace un outil du Mac par ce script.

@@ -1,4 +1,4 @@
-// L'analyse d'un Mac simulé, entier ou en panne.
+// L'analyse d'un Mac simulé, entier ou en panne, sa fiche et ses verdicts.
 
 #include "commun/mac.hpp"
 #include "diagnostic/diagnostic.hpp"
@@ -7,50 +7,43 @@ using namespace std::string_literals;
 
 namespace {
 
-struct Attendu {
+const std::string kAnciens = "/Library/Extensions/FTDIUSBSerialDriver.kext, "
+                             "/Library/Extensions/FTDIKext.kext";
+
+// Les blancs du rapport, ligne à ligne.
+struct Fiche {
     std::string scenario;
-    std::string rapport;
+    std::string mac;
+    std::string emetteurs;
+    std::string d2xxHelper;
+    std::string anciens;
+    std::string dext;
+
+    std::string rapport() const {
+        return "Mac : " + mac + "\nÉmetteur(s) FTDI 0403:6001 : " + emetteurs +
+               "\nD2xxHelper : " + d2xxHelper + "\nAnciens pilotes FTDI : " + anciens +
+               "\nPilote FTDI DriverKit : " + dext;
+    }
 };
 
-class AnalyseDeScenario : public testing::TestWithParam<Attendu> {};
+const std::string k14 = "Mac14,2, puce Apple, macOS 14.5.0";
+const std::string k15 = "Mac15,3, puce Apple, macOS 15.3.1";
+const std::string kRien = "fichier absent, chargé non";
+const std::string kCharge = "fichier présent, chargé oui";
 
-const std::string kRienDAncien = "D2xxHelper : fichier absent, chargé non\n"
-                                 "Anciens pilotes FTDI : aucun\n"
-                                 "Pilote FTDI DriverKit : ";
-
-const Attendu kScenarios[] = {
-    {"complet", "Mac : Mac14,2, puce Apple, macOS 14.5.0\n"
-                "Émetteur(s) FTDI 0403:6001 : A1B2C3\n"
-                "D2xxHelper : fichier présent, chargé oui\n"
-                "Anciens pilotes FTDI : /Library/Extensions/FTDIUSBSerialDriver.kext, "
-                "/Library/Extensions/FTDIKext.kext\n"
-                "Pilote FTDI DriverKit : activé"},
-    {"pret", "Mac : Mac14,2, puce Apple, macOS 14.5.0\n"
-             "Émetteur(s) FTDI 0403:6001 : A1B2C3\n" +
-                 kRienDAncien + "absent"},
-    {"sans-emetteur", "Mac : Mac14,2, puce Apple, macOS 14.5.0\n"
-                      "Émetteur(s) FTDI 0403:6001 : aucun\n" +
-                          kRienDAncien + "absent"},
-    {"deux-emetteurs", "Mac : Mac15,3, puce Apple, macOS 15.3.1\n"
-                       "Émetteur(s) FTDI 0403:6001 : A1B2C3, sans numéro\n" +
-                           kRienDAncien + "absent"},
-    {"ancien-macos", "Mac : MacBookPro15,1, Intel, macOS 10.15.7\n"
-                     "Émetteur(s) FTDI 0403:6001 : A1B2C3\n"
-                     "D2xxHelper : fichier présent, chargé oui\n"
-                     "Anciens pilotes FTDI : aucun\n"
-                     "Pilote FTDI DriverKit : absent"},
-    {"extension-seule", "Mac : Mac15,3, puce Apple, macOS 15.3.1\n"
-                        "Émetteur(s) FTDI 0403:6001 : A1B2C3\n" +
-                            kRienDAncien + "activé"},
+const Fiche kFiches[] = {
+    {"complet", k14, "A1B2C3", kCharge, kAnciens, "activé"},
+    {"pret", k14, "A1B2C3", kRien, "aucun", "absent"},
+    {"sans-emetteur", k14, "aucun", kRien, "aucun", "absent"},
+    {"deux-emetteurs", k15, "A1B2C3, sans numéro", kRien, "aucun", "absent"},
+    {"ancien-macos", "MacBookPro15,1, Intel, macOS 10.15.7", "A1B2C3", kCharge, "aucun", "absent"},
+    {"extension-seule", k15, "A1B2C3", kRien, "aucun", "activé"},
 };
 
-// Un outil en panne : ce qu'il affiche ; sans script, il a disparu.
-struct Panne {
-    std::string script;
-    std::string texte;
-};
+class AnalyseDeScenario : public testing::TestWithParam<Fiche> {};
 
-const Panne kPannes[] = {
+// Ce que fait un outil en panne (sans script, il a disparu) et ce qu'il affiche.
+const std::pair<std::string, std::string> kPannes[] = {
     {"", ""},
     {"exit 0", ""},
     {"echo 'outil: refusé' >&2; exit 1", "outil: refusé"},
@@ -61,15 +54,14 @@ const Panne kPannes[] = {
 
 TEST_P(AnalyseDeScenario, DonneSaFiche) {
     const essai::Mac mac(GetParam().scenario);
-    EXPECT_EQ(Diagnostic::analyser().rapport(), GetParam().rapport);
+    EXPECT_EQ(Diagnostic::analyser().rapport(), GetParam().rapport());
 }
 
-INSTANTIATE_TEST_SUITE_P(Mac, AnalyseDeScenario, testing::ValuesIn(kScenarios),
-                         [](const auto& cas) {
-                             std::string nom = cas.param.scenario;
-                             std::replace(nom.begin(), nom.end(), '-', '_');
-                             return nom;
-                         });
+INSTANTIATE_TEST_SUITE_P(Mac, AnalyseDeScenario, testing::ValuesIn(kFiches), [](const auto& cas) {
+    std::string nom = cas.param.scenario;
+    std::replace(nom.begin(), nom.end(), '-', '_');
+    return nom;
+});
 
 TEST(Analyse, UnOutilEnPanneLaisseLesAutresRepondre) {
     const essai::Mac mac("complet");
@@ -78,12 +70,12 @@ TEST(Analyse, UnOutilEnPanneLaisseLesAutresRepondre) {
     for (const std::string& outil : outils) {
         const std::string entier = mac.lire(outil);
         mac.poserEtat("version", outil == outils[2] ? "10.15.7\n" : "14.5.0\n");
-        for (const Panne& panne : kPannes) {
-            panne.script.empty() ? mac.retirer(outil) : mac.poserOutil(outil, panne.script);
+        for (const auto& [script, texte] : kPannes) {
+            script.empty() ? mac.retirer(outil) : mac.poserOutil(outil, script);
             const Diagnostic d = Diagnostic::analyser();
             const bool sysctl = outil == outils[0];
             EXPECT_EQ(d.puceApple, !sysctl);
-            EXPECT_EQ(d.modele, sysctl ? panne.texte : "Mac14,2");
+            EXPECT_EQ(d.modele, sysctl ? texte : "Mac14,2");
             EXPECT_EQ(d.d2xxHelperCharge, outil != outils[1] && outil != outils[2]);
             EXPECT_EQ(d.dextFTDIPresent, outil != outils[3]);
             EXPECT_EQ(d.dextFTDIActif, outil != outils[3]);
@@ -95,13 +87,12 @@ TEST(Analyse, UnOutilEnPanneLaisseLesAutresRepondre) {
     }
 }
 
-TEST(Analyse, LeStatutDesOutilsNeCompteJamais) {
+TEST(Analyse, SeulLeTexteDesOutilsCompteJamaisLeurStatut) {
     const essai::Mac mac("pret");
-    mac.poserOutil("/usr/sbin/sysctl", "echo ' 1 '; exit 7");
-    mac.poserOutil("/usr/bin/kmutil",
-                   "[ $# = 1 ] && echo \"$1 com.FTDI.driver.D2xxHelper\" >&2; exit 1");
+    mac.poserOutil("/usr/sbin/sysctl", "[ $# = 2 ] && [ $1 = -n ] && echo ' 1 '; exit 7");
+    mac.poserOutil("/usr/bin/kmutil", "echo \"$* com.FTDI.driver.D2xxHelper\" >&2; exit 1");
     mac.poserOutil("/usr/bin/systemextensionsctl",
-                   "echo \"$* com.ftdi.vcp.dext activated enabled\"; kill -9 $$");
+                   "[ \"$*\" = list ] && echo 'com.ftdi.vcp.dext activated enabled'; kill -9 $$");
     const Diagnostic d = Diagnostic::analyser();
     EXPECT_TRUE(d.puceApple);
     EXPECT_EQ(d.modele, "1");
@@ -111,19 +102,48 @@ TEST(Analyse, LeStatutDesOutilsNeCompteJamais) {
 
 TEST(Analyse, LesEmetteursSuiventLeRegistre) {
     const essai::Mac mac("sans-emetteur"); // un autre appareil de FTDI est branché
-    const auto brancher = [&mac](const std::string& nom, const std::string& lignes) {
-        mac.poserEtat("usb/" + nom, lignes);
-    };
-    EXPECT_TRUE(Diagnostic::emetteursBranches().empty());
-    brancher("d", "fabricant 0x0403\nproduit 0x6001\nserie B\n");
-    brancher("a", "fabricant 0x0403\nproduit 0x6001\n");
-    brancher("c", "fabricant 0x0403\nproduit 0x6001\nserie_nombre 42\n");
-    brancher("b", "fabricant 1027\nproduit 24577\nserie Numéro é, 1 \n");
-    brancher("e", "fabricant 0x0403\nproduit 0x6001\nserie B\n");
-    brancher("f", "fabricant 0x1A86\nproduit 0x6001\nserie X\n");
-    brancher("g", "");
+    for (const auto& [nom, lignes] : {std::pair{"d", "fabricant 0x0403\nproduit 0x6001\nserie B\n"},
+                                      {"a", "fabricant 0x0403\nproduit 0x6001\n"},
+                                      {"c", "fabricant 0x0403\nproduit 0x6001\nserie_nombre 42\n"},
+                                      {"b", "fabricant 1027\nproduit 24577\nserie Numéro é, 1 \n"},
+                                      {"e", "fabricant 0x0403\nproduit 0x6001\nserie B\n"},
+                                      {"f", "fabricant 0x1A86\nproduit 0x6001\nserie X\n"},
+                                      {"g", ""}}) {
+        mac.poserEtat(std::string("usb/") + nom, lignes);
+    }
     EXPECT_EQ(Diagnostic::emetteursBranches(),
               (std::vector<std::string>{"sans numéro", "Numéro é, 1 ", "sans numéro", "B", "B"}));
     mac.retirer("/etat/usb"); // le registre ne répond plus
     EXPECT_TRUE(Diagnostic::emetteursBranches().empty());
+}
+
+TEST(Diagnostic, LeRapportSuitLesChampsTelsQuels) {
+    const essai::Mac mac("complet");
+    mac.poserEtat("version", "13.6\n"); // une fiche neuve ne porte que la version
+    Diagnostic d;
+    EXPECT_EQ(d.rapport(),
+              (Fiche{"", ", Intel, macOS 13.6.0", "aucun", kRien, "aucun", "absent"}.rapport()));
+    d.versionMacOS = {15, 1, 12345678901};
+    d.modele = "Un, deux\ntrois";
+    d.d2xxHelperCharge = true; // son fichier a disparu
+    d.dextFTDIPresent = true;
+    EXPECT_EQ(d.rapport(), (Fiche{"", "Un, deux\ntrois, Intel, macOS 15.1.12345678901", "aucun",
+                                  "fichier absent, chargé oui", "aucun", "désactivé"}
+                                .rapport()));
+}
+
+TEST(Diagnostic, LesVerdictsSuiventLesChamps) {
+    for (unsigned bits = 0; bits < 16; ++bits) {
+        Diagnostic d;
+        d.d2xxHelperFichier = (bits & 1U) != 0;
+        d.d2xxHelperCharge = (bits & 2U) != 0;
+        d.anciensKextsFTDI.resize((bits & 4U) != 0 ? 1 : 0);
+        d.dextFTDIActif = (bits & 8U) != 0;
+        d.dextFTDIPresent = true; // installée mais inactive, elle ne gêne pas
+        d.versionMacOS = {bits, 16, 0};
+        EXPECT_EQ(d.nettoyageNecessaire(), (bits & 7U) != 0);
+        EXPECT_EQ(d.desactivationDextNecessaire(), (bits & 8U) != 0);
+        EXPECT_EQ(d.toutEstPret(), bits == 0);
+        EXPECT_EQ(d.macOS11ouPlus(), bits >= 11);
+    }
 }

@@ -2,18 +2,12 @@
 
 #include "diagnostic/interpretation.hpp"
 
-#include <fstream>
-#include <gtest/gtest.h>
-#include <sstream>
+#include "commun/mac.hpp"
 
 namespace {
 
 std::string forme(const std::string& nom) {
-    std::ifstream flux(FORMES + nom, std::ios::binary);
-    std::ostringstream contenu;
-    contenu << flux.rdbuf();
-    EXPECT_FALSE(contenu.str().empty()) << nom;
-    return contenu.str();
+    return essai::contenu(FORMES + nom);
 }
 
 void attendreDext(const std::string& listage, bool present, bool actif) {

@@ -1,26 +1,21 @@
 // Le lancement des commandes, par de vrais processus.
 
 #include "commun/limite.hpp"
+#include "commun/mac.hpp"
 #include "support/systeme.hpp"
 
 #include <atomic>
-#include <csignal>
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <thread>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-const std::string kScript = "#!/bin/sh\necho lancé\n";
-
-Systeme::Resultat marionnette(const std::vector<std::string>& fils) {
-    return Systeme::commande(MARIONNETTE, fils);
+Systeme::Resultat sh(const std::string& script, const std::vector<std::string>& arguments = {}) {
+    std::vector<std::string> tous{"-c", script, "sh"};
+    tous.insert(tous.end(), arguments.begin(), arguments.end());
+    return Systeme::commande("/bin/sh", tous);
 }
 
 std::ptrdiff_t descripteursOuverts() {
@@ -30,59 +25,46 @@ std::ptrdiff_t descripteursOuverts() {
 
 class Commande : public testing::Test {
 protected:
-    Commande() {
-        std::string modele = fs::temp_directory_path() / "commande été-XXXXXX";
-        dossier = ::mkdtemp(modele.data());
-    }
-
-    ~Commande() override { fs::remove_all(dossier); }
-
     std::string poser(const std::string& nom, const std::string& contenu, unsigned droits) const {
-        std::ofstream(dossier / nom) << contenu;
-        fs::permissions(dossier / nom, static_cast<fs::perms>(droits));
-        return dossier / nom;
+        mac.poser("/Users/" + nom, contenu);
+        fs::permissions(mac.reel("/Users/" + nom), static_cast<fs::perms>(droits));
+        return "/Users/" + nom;
     }
 
-    fs::path dossier;
+    const essai::Mac mac;
 };
 
 } // namespace
 
-TEST_F(Commande, DeuxCentsMegaoctetsArriventEntiers) {
-    const std::size_t taille = 200UL * 1024 * 1024 + 7; // sans fin de ligne
-    const Systeme::Resultat fin = marionnette({"inonder", std::to_string(taille), "x"});
+TEST_F(Commande, DeuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
+    const std::size_t taille = 200UL * 1024 * 1024 + 7;
+    const Systeme::Resultat fin = sh("head -c $1 /dev/zero | tr '\\0' x", {std::to_string(taille)});
     EXPECT_EQ(fin.code, 0);
     EXPECT_EQ(fin.sortie.size(), taille);
     EXPECT_EQ(fin.sortie.find_first_not_of('x'), std::string::npos);
 }
 
-TEST_F(Commande, LesDeuxSortiesSontRenduesTellesQuelles) {
-    const Systeme::Resultat fin = Systeme::commande(
-        "/bin/sh", {"-c", "echo un; echo deux >&2; printf ' trois \\n\\n'; exit 3"});
-    EXPECT_EQ(fin.sortie, "un\ndeux\n trois \n\n");
+TEST_F(Commande, LesArgumentsEtLesDeuxSortiesPassentTelsQuels) {
+    const Systeme::Resultat fin = sh(
+        "printf '%s|' \"$#\" \"$@\"; echo fin >&2; printf ' \\n\\n'; exit 3",
+        {"", "deux mots", "l'un \"ou\" l'autre", "$HOME * `id` \\n", "ligne\nligne\n", "-", "é"});
+    EXPECT_EQ(fin.sortie, "7||deux mots|l'un \"ou\" l'autre|$HOME * `id` \\n|ligne\nligne\n|-|é|"
+                          "fin\n \n\n");
     EXPECT_EQ(fin.code, 3);
-}
-
-TEST_F(Commande, LesArgumentsPassentSansInterprete) {
-    const std::vector<std::string> arguments{
-        "", "deux mots", "l'un \"ou\" l'autre", "$HOME * `id` \\n", "ligne\nligne\n", "-", "é🎉"};
-    std::vector<std::string> fils{"-c", R"(printf '%s|' "$#" "$@")", "sh"};
-    fils.insert(fils.end(), arguments.begin(), arguments.end());
-    EXPECT_EQ(Systeme::commande("/bin/sh", fils).sortie,
-              "7||deux mots|l'un \"ou\" l'autre|$HOME * `id` \\n|ligne\nligne\n|-|é🎉|");
-    EXPECT_EQ(marionnette({}).code, 99); // n'en a reçu aucun
+    EXPECT_EQ(Systeme::commande("/bin/echo").sortie, "\n");
 }
 
 TEST_F(Commande, LEnfantNeRecoitNiDescripteurNiReglageDeSignal) {
-    const int laisse = ::open("/dev/null", O_RDONLY); // passerait à un enfant ordinaire
-    ASSERT_EQ(::dup2(laisse, 900), 900);
-    sigset_t retenus;
-    sigemptyset(&retenus);
-    sigaddset(&retenus, SIGTERM);
-    ::pthread_sigmask(SIG_BLOCK, &retenus, nullptr);
+    ASSERT_EQ(::dup2(::open("/dev/null", O_RDONLY), 900), 900); // passerait à un enfant ordinaire
+    sigset_t tous;
+    sigfillset(&tous);
+    ::pthread_sigmask(SIG_BLOCK, &tous, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
-    EXPECT_EQ(marionnette({"décrire"}).sortie,
-              "descripteurs 0 1 2\nsignaux retenus\nSIGPIPE ordinaire\n");
+    const std::string lu =
+        sh("ls /proc/$$/fd; sed -n 's/^SigBlk:.//p;s/^SigIgn:.//p' /proc/$$/status; true").sortie;
+    const std::string debut = "0\n1\n2\n0000000000000000\n";
+    ASSERT_EQ(lu.substr(0, debut.size()), debut);
+    EXPECT_EQ(std::stoull(lu.substr(debut.size()), nullptr, 16) >> (SIGPIPE - 1) & 1U, 0U);
 }
 
 TEST_F(Commande, UnCaractereCoupeNImporteOuDonneDesRemplacements) {
@@ -95,22 +77,22 @@ TEST_F(Commande, UnCaractereCoupeNImporteOuDonneDesRemplacements) {
     for (std::size_t i = 0; i < std::size(coupes); ++i) {
         const std::string debut = texte.substr(0, i + 1);
         const std::string suite = texte.substr(i + 1);
-        EXPECT_EQ(marionnette({"écrire", debut}).sortie, coupes[i].first);
-        EXPECT_EQ(marionnette({"écrire", suite}).sortie, coupes[i].second);
-        EXPECT_EQ(marionnette({"écrire", debut, suite}).sortie, texte); // reçu en deux fois
+        EXPECT_EQ(sh("printf %s \"$1\"", {debut}).sortie, coupes[i].first);
+        EXPECT_EQ(sh("printf %s \"$1\"", {suite}).sortie, coupes[i].second);
+        EXPECT_EQ(sh("printf %s \"$1\"; printf %s \"$2\"", {debut, suite}).sortie, texte);
     }
 }
 
 TEST_F(Commande, LaFinEstCelleDuProgrammeQuoiQuIlFasseDeSaSortie) {
-    const Systeme::Resultat ferme = marionnette({"fermer", "42"});
-    EXPECT_EQ(ferme.sortie, "fermé");
+    const Systeme::Resultat ferme = sh("echo fermé; exec >&- 2>&-; sleep 0.3; exit 42");
+    EXPECT_EQ(ferme.sortie, "fermé\n");
     EXPECT_EQ(ferme.code, 42);
-    const Systeme::Resultat descendant = marionnette({"descendant"}); // qui tient le tube
-    EXPECT_EQ(descendant.sortie, "descendant");
+    const Systeme::Resultat descendant = sh("(sleep 0.3; echo descendant) & exit 3");
+    EXPECT_EQ(descendant.sortie, "descendant\n"); // il tenait le tube
     EXPECT_EQ(descendant.code, 3);
     for (const int signal : {SIGKILL, SIGTERM, SIGPIPE}) {
-        const Systeme::Resultat tue = marionnette({"mourir", std::to_string(signal)});
-        EXPECT_EQ(tue.sortie, "avant");
+        const Systeme::Resultat tue = sh("echo avant; kill -$1 $$", {std::to_string(signal)});
+        EXPECT_EQ(tue.sortie, "avant\n");
         EXPECT_EQ(tue.code, signal);
     }
 }
@@ -118,22 +100,27 @@ TEST_F(Commande, LaFinEstCelleDuProgrammeQuoiQuIlFasseDeSaSortie) {
 // Un enfant qui hériterait du tube d'un autre le retiendrait : personne ne finirait avant le
 // premier, qui attend tous les autres.
 TEST_F(Commande, HuitCommandesALaFoisNeSAttendentPasEtNeSeMelentPas) {
-    const std::string signal = dossier / "signal";
+    const std::string signal = mac.reel("/Users/signal");
     std::atomic<int> fautes{0};
-    std::thread longue([&] { fautes += marionnette({"attendre", signal}).code; });
+    std::thread longue([&] {
+        fautes += sh("for i in $(seq 1500); do [ ! -e \"$1\" ] || exit 0; sleep 0.02; done; exit 1",
+                     {signal})
+                      .code;
+    });
     std::vector<std::thread> courtes;
     for (char lettre = 'a'; lettre < 'h'; ++lettre) {
         courtes.emplace_back([&fautes, lettre] {
             for (int tour = 0; tour < 20; ++tour) {
-                const Systeme::Resultat fin = marionnette({"inonder", "300000", {lettre}});
-                fautes += fin.code != 0 || fin.sortie != std::string(300000, lettre) ? 1 : 0;
+                const std::string lu =
+                    sh("head -c 300000 /dev/zero | tr '\\0' $1", {{lettre}}).sortie;
+                fautes += lu == std::string(300000, lettre) ? 0 : 1;
             }
         });
     }
     for (std::thread& courte : courtes) {
         courte.join();
     }
-    poser("signal", "", 0600);
+    mac.poser("/Users/signal", "");
     longue.join();
     EXPECT_EQ(fautes, 0);
 }
@@ -160,33 +147,30 @@ TEST_F(Commande, SansDescripteurLErreurEstDite) {
     EXPECT_EQ(Systeme::commande("/bin/echo", {"oui"}).sortie, "oui\n");
 }
 
-TEST_F(Commande, CeQuiNEstPasUnProgrammeNEstPasLance) {
-    const std::string nu = poser("nu", kScript, 0644);
-    for (const std::string& chemin : {dossier.string() + "/absent", dossier.string(), nu,
-                                      nu + "/dessous", std::string(), std::string("/dev/null")}) {
-        const Systeme::Resultat fin = Systeme::commande(chemin);
-        EXPECT_EQ(fin.sortie, "") << chemin;
-        EXPECT_EQ(fin.code, -1) << chemin;
-    }
-    EXPECT_EQ(Systeme::commande(poser("bon", kScript, 0755)).sortie, "lancé\n");
-}
-
-TEST_F(Commande, UnLancementRefuseParLeSystemeDitPourquoi) {
+TEST_F(Commande, CeQuiNeSeLancePasSeTaitOuDitPourquoi) {
+    const std::string nu = poser("nu", "#!/bin/true\n", 0644);
     const std::string format = poser("format", "ni programme ni script\n", 0755);
     const std::string orphelin = poser("orphelin", "#!/nulle/part\n", 0755);
-    for (const auto& [chemin, cause] :
-         {std::pair{format, "le format du programme n'est pas reconnu (erreur 8)."},
-          std::pair{orphelin, "fichier ou dossier introuvable (erreur 2)."}}) {
+    for (const auto& [chemin, texte] : std::initializer_list<std::pair<std::string, std::string>>{
+             {"/Users/absent", ""},
+             {"/Users", ""},
+             {nu, ""},
+             {nu + "/dessous", ""},
+             {"", ""},
+             {"/dev/null", ""},
+             {format, "« " + format + " » : le format du programme n'est pas reconnu (erreur 8)."},
+             {orphelin, "« " + orphelin + " » : fichier ou dossier introuvable (erreur 2)."}}) {
         const Systeme::Resultat fin = Systeme::commande(chemin);
-        EXPECT_EQ(fin.sortie, "« " + chemin + " » : " + cause);
-        EXPECT_EQ(fin.code, -1);
+        EXPECT_EQ(fin.sortie, texte) << chemin;
+        EXPECT_EQ(fin.code, -1) << chemin;
     }
+    EXPECT_EQ(Systeme::commande(poser("bon", "#!/bin/true\n", 0755)).code, 0);
 }
 
 TEST_F(Commande, UnDossierExisteUnLienRompuNon) {
-    EXPECT_TRUE(Systeme::existe(dossier));
-    EXPECT_TRUE(Systeme::existe(poser("fichier", "", 0)));
-    fs::create_symlink("absent", dossier / "lien");
-    EXPECT_FALSE(Systeme::existe(dossier / "lien"));
-    EXPECT_FALSE(Systeme::existe(dossier / "fichier/dessous"));
+    EXPECT_TRUE(Systeme::existe("/Users"));
+    EXPECT_TRUE(Systeme::existe(poser("fichier", "", 0400)));
+    fs::create_symlink("absent", mac.reel("/Users/lien"));
+    EXPECT_FALSE(Systeme::existe("/Users/lien"));
+    EXPECT_FALSE(Systeme::existe("/Users/fichier/dessous"));
 }

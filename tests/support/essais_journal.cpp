@@ -29,11 +29,6 @@ protected:
         EXPECT_EQ(Journal::shared().lignes().back().substr(kLongueurDate), message);
         return Journal::shared().lignes().back() + "\n";
     }
-
-    std::ptrdiff_t fichiersDuDossier() const {
-        const fs::directory_iterator contenu(mac.reel(dossier));
-        return std::distance(begin(contenu), end(contenu));
-    }
 };
 
 std::string enTete(std::time_t instant) {
@@ -98,7 +93,6 @@ TEST_F(EssaiJournal, LaPremiereLigneCreeLeFichierALHeureLocale) {
     EXPECT_GE(ligne.substr(0, kLongueurDate), enTete(avant));
     EXPECT_LE(ligne.substr(0, kLongueurDate), enTete(std::time(nullptr) + 14L * 3600));
     EXPECT_EQ(mac.lire(fichier), ligne);
-    EXPECT_EQ(fichiersDuDossier(), 1);
 }
 
 TEST_F(EssaiJournal, ChaqueMessageSuitLePrecedentSansRienEffacer) {
@@ -119,7 +113,7 @@ TEST_F(EssaiJournal, LeFichierReprendQuandSonDossierRevient) {
     fs::create_directories(mac.reel(fichier)); // un dossier à la place du fichier
     noter("deux");
     EXPECT_TRUE(fs::is_directory(mac.reel(fichier)));
-    EXPECT_EQ(fichiersDuDossier(), 1);
+    EXPECT_EQ(mac.elements(dossier), 1);
     mac.retirer(fichier);
     const std::string ligne = noter("trois");
     EXPECT_EQ(mac.lire(fichier), ligne);
@@ -133,14 +127,14 @@ TEST_F(EssaiJournal, UnFichierEnLectureSeuleResteTelQuel) {
     fs::permissions(mac.reel(fichier), fs::perms::owner_read);
     noter("un");
     EXPECT_EQ(mac.lire(fichier), "avant\n");
-    EXPECT_EQ(fichiersDuDossier(), 1);
+    EXPECT_EQ(mac.elements(dossier), 1);
 }
 
 TEST_F(EssaiJournal, UnDisquePleinNePerdRienDeCeQuiEtaitEcrit) {
     {
         const essai::Limite limite(RLIMIT_FSIZE, 10); // même la première ligne n'a pas la place
         noter("un");
-        EXPECT_EQ(fichiersDuDossier(), 0);
+        EXPECT_EQ(mac.elements(dossier), 0);
     }
     const std::string ancien(5000, '\n');
     mac.poser(fichier, ancien);
@@ -156,22 +150,16 @@ TEST_F(EssaiJournal, UnDisquePleinNePerdRienDeCeQuiEtaitEcrit) {
     fs::create_symlink("/dev/full", mac.reel(fichier));
     noter("quatre");
     EXPECT_EQ(fs::read_symlink(mac.reel(fichier)), "/dev/full");
-    EXPECT_EQ(fichiersDuDossier(), 1);
+    EXPECT_EQ(mac.elements(dossier), 1);
 }
 
 // La première ligne est le moment dangereux : chacun croit le fichier absent.
 TEST_F(EssaiJournal, DesProgrammesQuiCommencentEnsembleNePerdentAucuneLigne) {
-    const Ecrivains ecrivains{{'a', 1}, {'b', 80}, {'c', 5000}};
     for (int tour = 0; tour < 40 && !HasFailure(); ++tour) {
+        const Ecrivains ecrivains{{'a', 1}, {'b', 80}, {'c', tour == 0 ? 1 << 20 : 5000}};
         mac.retirer(fichier);
         laisserEcrire(ecrivains, 10);
         verifier(mac.lire(fichier), ecrivains, 10);
-        EXPECT_EQ(fichiersDuDossier(), 1);
+        EXPECT_EQ(mac.elements(dossier), 1);
     }
-}
-
-TEST_F(EssaiJournal, UneLigneDUnMegaoctetNeSeMelePasAuxAutres) {
-    const Ecrivains ecrivains{{'a', 1 << 20}, {'b', 30}, {'c', 1 << 20}};
-    laisserEcrire(ecrivains, 20);
-    verifier(mac.lire(fichier), ecrivains, 20);
 }
