@@ -1,0 +1,101 @@
+// La relance après le redémarrage, la demande de redémarrage et l'ouverture des Réglages.
+
+#include "actions/actions.hpp"
+#include "actions/messages.hpp"
+#include "commun/mac.hpp"
+#include "plateforme/identite.hpp"
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+using essai::messages;
+using essai::Messages;
+
+const std::string kIdentifiant = plateforme::kIdentifiantPaquet;
+const std::string kProgrammee = "Relance automatique programmée après le redémarrage";
+const std::string kImpossible = "Relance automatique impossible : ";
+
+// Une liste de propriétés relue par un lecteur indépendant.
+std::string relire(const std::string& fichier, const std::string& expression) {
+    const std::string commande =
+        "/usr/bin/python3 -c 'import plistlib,sys; d=plistlib.load(open(sys.argv[1],\"rb\"),"
+        "fmt=plistlib.FMT_XML); print(" +
+        expression + ",end=\"\")' \"" + fichier + "\" 2>&1";
+    FILE* flux = ::popen(commande.c_str(), "r");
+    std::array<char, 4096> tampon{};
+    const std::size_t lus = std::fread(tampon.data(), 1, tampon.size(), flux);
+    ::pclose(flux);
+    return {tampon.data(), lus};
+}
+
+} // namespace
+
+TEST(Relance, LAgentEstCeluiQueLaunchdAttend) {
+    const essai::Mac mac;
+    const std::string agent = Actions::agentRelance();
+    EXPECT_EQ(agent, mac.maison() + "/Library/LaunchAgents/" + kIdentifiant + ".relance.plist");
+    EXPECT_FALSE(Actions::annulerRelance());
+    EXPECT_FALSE(mac.existe(mac.maison() + "/Library/LaunchAgents"));
+    Actions::programmerRelance();
+    mac.poser(agent, std::string(5000, 'x')); // un fichier plus long est remplacé en entier
+    Actions::programmerRelance();
+    EXPECT_EQ(relire(mac.reel(agent), "sorted(d.items())"),
+              "[('Label', '" + kIdentifiant +
+                  ".relance'), ('ProgramArguments', ['/usr/bin/open', "
+                  "'/Applications/Assistant Lumivia.app']), ('RunAtLoad', True)]");
+    EXPECT_EQ(messages(), (Messages{kProgrammee, kProgrammee}));
+    EXPECT_TRUE(Actions::annulerRelance());
+    EXPECT_FALSE(mac.existe(agent));
+    EXPECT_FALSE(Actions::annulerRelance());
+}
+
+TEST(Relance, LeRedemarrageEstDemandeApresElleQuelleQuEnSoitLIssue) {
+    const essai::Mac mac;
+    Actions::redemarrer();
+    EXPECT_TRUE(mac.existe("/etat/redemarrage_demande"));
+    EXPECT_TRUE(mac.existe(Actions::agentRelance()));
+    mac.retirer("/etat/redemarrage_demande");
+    const std::string dossier = mac.maison() + "/Library/LaunchAgents";
+    mac.retirer(dossier);
+    mac.poser(dossier, "un fichier");
+    Actions::redemarrer();
+    EXPECT_TRUE(mac.existe("/etat/redemarrage_demande"));
+    EXPECT_EQ(mac.lire(dossier), "un fichier");
+    EXPECT_FALSE(Actions::annulerRelance());
+    EXPECT_EQ(messages(),
+              (Messages{"Redémarrage demandé", kProgrammee, "Redémarrage demandé",
+                        kImpossible + "« " + dossier +
+                            " » : un fichier se trouve à la place d'un dossier (erreur 20)."}));
+}
+
+TEST(Relance, UnDossierALaPlaceDeLAgentPartAvecLui) {
+    const essai::Mac mac;
+    const std::string agent = Actions::agentRelance();
+    mac.poser(agent + "/dedans", "");
+    Actions::programmerRelance();
+    EXPECT_EQ(messages().back(),
+              kImpossible + "« " + agent +
+                  " » : un dossier se trouve à la place du fichier (erreur 21).");
+    EXPECT_TRUE(Actions::annulerRelance());
+    EXPECT_FALSE(mac.existe(agent));
+}
+
+TEST(Relance, LePaquetPorteLIdentifiantDeLAgent) {
+    EXPECT_EQ(relire(INFO_PLIST, "d[\"CFBundleIdentifier\"]"), kIdentifiant);
+}
+
+TEST(Reglages, LAdresseSuitLaVersion) {
+    const essai::Mac mac;
+    const std::string prefixe = "x-apple.systempreferences:com.apple.";
+    for (const auto& [version, adresse] : {std::pair{"10.15.7", "preference.security"},
+                                           {"12.7.6", "preference.security"},
+                                           {"13.0.0", "LoginItems-Settings.extension"},
+                                           {"15.3.1", "LoginItems-Settings.extension"}}) {
+        mac.poserEtat("version", version);
+        Actions::ouvrirReglagesExtensions();
+        EXPECT_EQ(mac.lire("/etat/reglages_ouverts"), prefixe + adresse + "\n");
+    }
+    EXPECT_TRUE(messages().empty());
+}

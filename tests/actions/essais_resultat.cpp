@@ -1,0 +1,163 @@
+// Le résultat d'un retrait : son verdict, sa lecture, et le script joué par le Terminal simulé.
+
+#include "actions/actions.hpp"
+#include "actions/resultat_retrait.hpp"
+#include "commun/mac.hpp"
+#include "diagnostic/diagnostic.hpp"
+
+#include <sys/stat.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string kSauvegardes = "/Library/Application Support/Assistant Lumivia";
+const std::string kExtensions[] = {Diagnostic::cheminD2xxHelper, Diagnostic::anciensKexts[0],
+                                   Diagnostic::anciensKexts[1]};
+
+class Terminal : public testing::Test {
+protected:
+    explicit Terminal(const std::string& scenario = "complet") : mac(scenario) {
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // une personne simulée tape le mot de passe
+        // Un nom de sauvegarde connu d'avance.
+        mac.poserOutil("/usr/bin/date", "[ \"$*\" = +%Y%m%d-%H%M%S ] && echo 20250314-093012");
+    }
+
+    // Lance un retrait, attend son résultat, puis ferme la fenêtre.
+    Actions::ResultatRetrait retirer(bool reconstruire) const {
+        std::optional<Actions::ResultatRetrait> resultat;
+        EXPECT_TRUE(Actions::lancerRetraitDansTerminal(reconstruire));
+        EXPECT_TRUE(
+            essai::attendre([&] { return (resultat = Actions::resultatRetrait()).has_value(); }));
+        for (const auto& fenetre : fs::directory_iterator(mac.reel("/etat/fenetres"))) {
+            fs::remove(fenetre);
+        }
+        EXPECT_TRUE(essai::attendre([&] { return fs::is_empty(mac.reel("/private/tmp")); }));
+        return resultat.value_or(Actions::ResultatRetrait{});
+    }
+
+    static std::string sauvegarde(const std::string& extension) {
+        return kSauvegardes + "/sauvegarde-20250314-093012/" +
+               fs::path(extension).filename().string();
+    }
+
+    const essai::Mac mac;
+    const std::string fin = "sauvegarde : " + kSauvegardes + "/sauvegarde-20250314-093012\n";
+};
+
+class TerminalRefuse : public Terminal {
+protected:
+    TerminalRefuse() : Terminal("mot-de-passe-refuse") {}
+};
+
+} // namespace
+
+TEST(RetraitReussi, SuitLaTableDesIssues) {
+    const std::string marque = "mis de cote : x\nsauvegarde : /Library/y\n";
+    const std::string demandee = "A system reboot is required for the operation\n";
+    for (const bool encoreLa : {false, true}) {
+        for (const std::int64_t version : {10, 12, 13, 15}) {
+            for (const bool reconstruire : {false, true}) {
+                EXPECT_FALSE(retraitReussi(demandee, reconstruire, version, encoreLa));
+                EXPECT_FALSE(retraitReussi("Sauvegarde :", reconstruire, version, encoreLa));
+            }
+            EXPECT_EQ(retraitReussi(marque, false, version, encoreLa), !encoreLa);
+            EXPECT_EQ(retraitReussi(demandee + marque, true, version, encoreLa), !encoreLa);
+            EXPECT_EQ(retraitReussi("No changes\n" + marque, true, version, encoreLa), !encoreLa);
+            for (const char* bavardage : {"", "no changes\n", "a system reboot is required\n"}) {
+                EXPECT_EQ(retraitReussi(bavardage + marque, true, version, encoreLa),
+                          !encoreLa && version < 13);
+            }
+        }
+    }
+}
+
+TEST(ResultatRetrait, UnFichierQuiNeSeLitPasNEstPasEncoreUnResultat) {
+    const essai::Mac mac("pret");
+    const std::string fichier = Actions::fichierResultat();
+    EXPECT_FALSE(Actions::resultatRetrait().has_value());
+    mac.poser(fichier + "/dedans", "un dossier à la place du fichier");
+    EXPECT_FALSE(Actions::resultatRetrait().has_value());
+    mac.retirer(fichier);
+    ASSERT_EQ(::mkfifo(mac.reel(fichier).c_str(), 0600), 0); // ne doit pas bloquer
+    EXPECT_FALSE(Actions::resultatRetrait().has_value());
+    mac.retirer(fichier);
+    for (const char* octets : {"sauvegarde : \xFF\n", "sauvegarde : /Users/Zo\xC3"}) {
+        mac.poser(fichier, octets);
+        EXPECT_FALSE(Actions::resultatRetrait().has_value());
+    }
+    mac.poser(fichier, "sauvegarde : énorme");
+    fs::resize_file(mac.reel(fichier), 200UL << 20U);
+    EXPECT_FALSE(Actions::resultatRetrait().has_value());
+}
+
+TEST(ResultatRetrait, LeTexteEstRenduEntierEtLeMacEnDecide) {
+    const essai::Mac mac("complet");
+    const auto verifier = [&](const std::string& texte, bool ok) {
+        mac.poser(Actions::fichierResultat(), texte);
+        for (int fois = 0; fois < 2; ++fois) { // lire ne change rien
+            const auto resultat = Actions::resultatRetrait();
+            ASSERT_TRUE(resultat.has_value());
+            EXPECT_EQ(resultat->sortie, texte);
+            EXPECT_EQ(resultat->ok, ok) << texte;
+        }
+    };
+    verifier("", false);
+    verifier("sauvegarde : /é\n", false); // D2xxHelper est encore là
+    mac.retirer(kExtensions[0]);
+    verifier("sauvegarde : /é\n\n ", true); // les deux autres extensions ne comptent pas
+    Actions::reconstructionDemandee = true;
+    verifier("sauvegarde : /é\n", false);
+    mac.poserEtat("version", "12.7.6\n");
+    verifier("sauvegarde : /é\n", true);
+}
+
+TEST_F(Terminal, ChaqueCombinaisonDExtensionsEstMiseDeCote) {
+    for (unsigned combinaison = 0; combinaison < 16; ++combinaison) {
+        const bool reconstruire = (combinaison & 8U) != 0;
+        mac.retirer(kSauvegardes);
+        mac.retirer("/etat/retraits_en_attente");
+        std::string attendu;
+        for (unsigned i = 0; i < 3; ++i) {
+            mac.retirer(kExtensions[i]);
+            if ((combinaison >> i & 1U) != 0) {
+                mac.poser(kExtensions[i] + "/Contents/code", kExtensions[i]);
+                attendu += "mis de cote : " + kExtensions[i] + "\n";
+            }
+        }
+        attendu += reconstruire ? "Checking the auxiliary kernel collection...\n" : fin;
+        const Actions::ResultatRetrait resultat = retirer(reconstruire);
+        EXPECT_TRUE(resultat.ok);
+        EXPECT_EQ(resultat.sortie.substr(0, attendu.size()), attendu);
+        EXPECT_EQ(resultat.sortie.substr(resultat.sortie.rfind("sauvegarde : ")), fin);
+        EXPECT_EQ(resultat.sortie == attendu, !reconstruire);
+        for (unsigned i = 0; i < 3; ++i) {
+            EXPECT_FALSE(mac.existe(kExtensions[i]));
+            EXPECT_EQ(mac.lire(sauvegarde(kExtensions[i]) + "/Contents/code"),
+                      (combinaison >> i & 1U) != 0 ? kExtensions[i] : "");
+        }
+    }
+}
+
+// Une sauvegarde du même nom, pleine, retient une des trois : rien ne se perd et le reste part.
+TEST_F(Terminal, UnDeplacementQuiEchoueNArretePasLesAutres) {
+    const std::string ancienne = sauvegarde(kExtensions[0]) + "/ancienne";
+    mac.poser(ancienne, "d'un autre retrait");
+    const Actions::ResultatRetrait resultat = retirer(false);
+    EXPECT_FALSE(resultat.ok);
+    EXPECT_EQ(resultat.sortie.rfind("mv: ", 0), 0U) << resultat.sortie;
+    EXPECT_EQ(resultat.sortie.substr(resultat.sortie.find('\n') + 1),
+              "mis de cote : " + kExtensions[1] + "\nmis de cote : " + kExtensions[2] + "\n" + fin);
+    EXPECT_TRUE(mac.existe(kExtensions[0] + "/Contents/Info.plist"));
+    EXPECT_TRUE(mac.existe(ancienne));
+    EXPECT_TRUE(mac.existe(sauvegarde(kExtensions[2]) + "/Contents/Info.plist"));
+}
+
+TEST_F(TerminalRefuse, UnMotDePasseRefuseNeToucheARien) {
+    const Actions::ResultatRetrait resultat = retirer(true);
+    EXPECT_FALSE(resultat.ok);
+    EXPECT_EQ(resultat.sortie, "Sorry, try again.\nSorry, try again.\n"
+                               "sudo: 3 incorrect password attempts\n");
+    EXPECT_TRUE(mac.existe(kExtensions[0]));
+    EXPECT_FALSE(mac.existe(kSauvegardes));
+}
