@@ -1,0 +1,47 @@
+# Préparer un Mac simulé et y faire vivre l'assistant. À sourcer après fonctions.sh, `racine` posée,
+# `construction` désignant le dossier d'un préréglage construit.
+# shellcheck shell=bash
+
+: "${racine:?}"
+
+# Crée le Mac du scénario, s'il n'existe pas encore, et y pose le paquet de l'assistant.
+preparer_mac() {
+    local scenario=$1 mac=$2 paquet
+    if [ ! -d "$mac/etat" ]; then
+        "${construction:?}/mac_simule/racine/creer_mac" --scenario "$scenario" "$mac" ||
+            echouer "le Mac simulé n'a pas pu être créé." 2
+    fi
+    paquet="$mac/Applications/Assistant Lumivia.app"
+    rm -rf "$paquet"
+    cp -a "$construction/Assistant Lumivia.app" "$paquet"
+    # Un scénario peut être celui d'un paquet abîmé.
+    if [ -e "$mac/etat/bibliotheque_absente" ]; then
+        rm -f "$paquet/Contents/Frameworks/libftd2xx.dylib"
+    fi
+}
+
+# Met le Mac et l'environnement en état de démonstration ; les images iront dans ce dossier.
+preparer_demonstration() {
+    local mac=$1 dossier=$2 reponse=$3
+    rm -f "$dossier"/[0-9][0-9]-*.png "$dossier"/{journal,rapport}.txt
+    rm -rf "$mac/etat/demonstration"
+    mkdir "$mac/etat/demonstration"
+    if [ "$reponse" = non ]; then
+        printf 'Tester avec votre projecteur\tNon\n' >>"$mac/etat/gestes"
+    fi
+    # Rien ne doit s'ouvrir sur l'écran de la personne qui regarde ailleurs.
+    unset DISPLAY WAYLAND_DISPLAY
+    export QT_QPA_PLATFORM=offscreen QT_LOGGING_RULES='*.warning=false'
+    export LUMIVIA_DEMONSTRATION=$dossier
+}
+
+# L'assistant sous son lanceur, le banc à côté ; rend le statut du lanceur.
+faire_vivre() {
+    local mac=$1 banc statut=0
+    "$construction/mac_simule/banc/banc" "$mac" &
+    banc=$!
+    "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?
+    kill "$banc" 2>/dev/null || true # il a pu être fermé avant
+    wait "$banc" 2>/dev/null || true
+    return "$statut"
+}

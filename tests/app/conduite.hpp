@@ -1,0 +1,157 @@
+// Conduit la vraie fenêtre de l'assistant, hors écran, comme le ferait quelqu'un.
+#pragma once
+
+#include "app/delegue.hpp"
+#include "commun/mac.hpp"
+#include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/fenetre_qt.hpp"
+#include "support/journal.hpp"
+
+#include <QtCore/QTimer>
+#include <QtGui/QClipboard>
+#include <QtGui/QKeyEvent>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QDialog>
+
+namespace essai {
+
+inline void traiter() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+inline bool attendreQue(const std::function<bool()>& predicat) {
+    return attendre(predicat, traiter);
+}
+
+class Conduite {
+public:
+    explicit Conduite(const std::string& scenario = "pret") : mac(scenario) {
+        namespace fs = std::filesystem;
+        fs::copy(PAQUET, mac.reel("/Applications/Assistant Lumivia.app"),
+                 fs::copy_options::recursive);
+    }
+
+    void demarrer() {
+        delegue_.applicationDidFinishLaunching();
+        traiter();
+    }
+
+    bool ouverte() const { return !QApplication::topLevelWidgets().isEmpty(); }
+
+    plateforme::FenetreQt& fenetre() const {
+        for (QWidget* vue : QApplication::topLevelWidgets()) {
+            if (auto* trouvee = dynamic_cast<plateforme::FenetreQt*>(vue)) {
+                return *trouvee;
+            }
+        }
+        throw std::runtime_error("l'assistant n'a pas de fenêtre");
+    }
+
+    std::vector<std::string> textes() const {
+        std::vector<std::string> lus;
+        for (const QLabel* etiquette : fenetre().contenu()->findChildren<QLabel*>()) {
+            // Une étiquette d'émojis porte du texte enrichi : son nom accessible est le texte nu.
+            const QString nu = etiquette->accessibleName();
+            lus.push_back((nu.isEmpty() ? etiquette->text() : nu).toStdString());
+        }
+        return lus;
+    }
+
+    std::string titre() const { return textes().front(); }
+
+    // Le dernier texte de la zone : la consigne, sur la page de réussite.
+    std::string consigne() const {
+        const auto lus = textes();
+        return lus[lus.size() - 2];
+    }
+
+    std::vector<QPushButton*> boutons() const {
+        std::vector<QPushButton*> visibles;
+        for (QPushButton* bouton : fenetre().contenu()->findChildren<QPushButton*>()) {
+            if (bouton->isVisible()) {
+                visibles.push_back(bouton);
+            }
+        }
+        return visibles;
+    }
+
+    std::string parDefaut() const {
+        for (const QPushButton* bouton : boutons()) {
+            if (bouton->isDefault()) {
+                return bouton->text().toStdString();
+            }
+        }
+        return {};
+    }
+
+    QPushButton* bouton(const std::string& titreVoulu) const {
+        for (QPushButton* bouton : boutons()) {
+            if (bouton->text().toStdString() == titreVoulu) {
+                return bouton;
+            }
+        }
+        return nullptr;
+    }
+
+    void cliquer(const std::string& titreVoulu) const {
+        QPushButton* vise = bouton(titreVoulu);
+        ASSERT_NE(vise, nullptr) << titreVoulu << " sur la page " << titre();
+        vise->click();
+        traiter();
+    }
+
+    void touche(int code, Qt::KeyboardModifiers avec = Qt::NoModifier) const {
+        QWidget* cible = QApplication::focusWidget();
+        cible = cible == nullptr ? &fenetre() : cible;
+        for (const auto genre : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent evenement(genre, code, avec);
+            QApplication::sendEvent(cible, &evenement);
+        }
+        traiter();
+    }
+
+    bool attendrePage(const std::string& titreVoulu) const {
+        return attendreQue([&] { return titre() == titreVoulu; });
+    }
+
+    void allerAuResultat() {
+        demarrer();
+        cliquer("Analyser mon Mac");
+        ASSERT_TRUE(attendrePage("Résultat de l'analyse"));
+    }
+
+    // Ferme chaque alerte qui s'ouvre, en gardant ses textes.
+    void fermerLesAlertes() {
+        QObject::connect(&gardien_, &QTimer::timeout, [this] {
+            if (auto* alerte = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                std::string textesAlerte;
+                for (const QLabel* etiquette : alerte->findChildren<QLabel*>()) {
+                    textesAlerte += etiquette->text().toStdString() + "\n";
+                }
+                alertes.push_back(textesAlerte);
+                alerte->findChild<QPushButton*>()->click();
+            }
+        });
+        gardien_.start(5);
+    }
+
+    static int compter(const std::string& debut) {
+        int nombre = 0;
+        for (const std::string& ligne : Journal::shared().lignes()) {
+            nombre += ligne.find("] " + debut) != std::string::npos ? 1 : 0;
+        }
+        return nombre;
+    }
+
+    Mac mac;
+    std::vector<std::string> alertes;
+
+private:
+    // Comme dans le programme, rien de l'assistant n'est détruit avant la fin du processus.
+    Delegue& delegue_ = *new Delegue;
+    QTimer& gardien_ = *new QTimer(&plateforme::applicationQt());
+};
+
+} // namespace essai

@@ -1,0 +1,67 @@
+// L'analyse, le rapport, et l'ouverture qui suit un redémarrage.
+#include "app/conduite.hpp"
+
+#include "actions/actions.hpp"
+#include "plateforme/preferences.hpp"
+
+using essai::Conduite;
+
+namespace {
+
+const char* const kCle = "redemarrageEnAttenteDepuisDemarrage";
+
+// L'analyse attend dans sysctl que l'essai pose le fichier « suite ».
+void retenirLAnalyse(const Conduite& c) {
+    c.mac.poserOutil("/usr/sbin/sysctl", "racine=${0%/usr/*}\ntouch \"$racine/entree\"\n"
+                                         "while [ ! -e \"$racine/suite\" ]; do sleep 0.02; done");
+}
+
+} // namespace
+
+TEST(Analyse, leResultatSecritAuJournalEtSaffiche) {
+    Conduite c("complet");
+    c.allerAuResultat();
+    EXPECT_EQ(c.compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
+    const auto textes = c.textes();
+    EXPECT_EQ(textes[2], "🖥  Mac à puce Apple, macOS 14.5.0");
+    EXPECT_EQ(c.parDefaut(), "Continuer");
+}
+
+TEST(Analyse, uneMarquePerimeeEstOubliee) {
+    Conduite c;
+    plateforme::ecrirePreference(kCle, "un autre démarrage");
+    c.allerAuResultat();
+    EXPECT_EQ(plateforme::lirePreference(kCle), std::nullopt);
+    EXPECT_EQ(c.textes()[4], "✅  Aucun ancien pilote à retirer.");
+}
+
+TEST(Analyse, leRapportSeCopiePendantQuElleCourt) {
+    Conduite c;
+    c.demarrer();
+    c.fermerLesAlertes();
+    retenirLAnalyse(c);
+    c.cliquer("Analyser mon Mac");
+    ASSERT_TRUE(essai::attendreQue([&] { return c.mac.existe("/entree"); }));
+    c.mac.poserOutil("/usr/sbin/sysctl", "echo 1");
+    c.cliquer("Copier le rapport pour le support");
+    const std::string rapport = QGuiApplication::clipboard()->text().toStdString();
+    EXPECT_EQ(rapport.rfind("Assistant Lumivia — rapport\n\nMac : 1, puce Apple", 0), 0U)
+        << rapport;
+    EXPECT_NE(rapport.find("\n\nJournal :\n" + Journal::shared().lignes().front()),
+              std::string::npos);
+    EXPECT_EQ(c.alertes, (std::vector<std::string>{
+                             "Rapport copié\nCollez-le (⌘V) dans un e-mail à Voltaris.\n"}));
+    EXPECT_EQ(c.titre(), "Analyse en cours…");
+    c.mac.poser("/suite", "");
+    EXPECT_TRUE(c.attendrePage("Résultat de l'analyse"));
+}
+
+TEST(Analyse, commenceSeuleApresUnRedemarrageDemande) {
+    Conduite c;
+    Actions::programmerRelance();
+    c.demarrer();
+    EXPECT_NE(c.titre(), "Bienvenue");
+    EXPECT_TRUE(c.attendrePage("Résultat de l'analyse"));
+    EXPECT_EQ(c.compter("Rouvert automatiquement après le redémarrage"), 1);
+    EXPECT_FALSE(Actions::annulerRelance()) << "la relance ne sert qu'une fois";
+}

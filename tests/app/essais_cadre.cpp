@@ -1,0 +1,113 @@
+// La fenêtre et le cadre des pages.
+#include "app/conduite.hpp"
+
+using essai::Conduite;
+
+TEST(Cadre, laBienvenueAttendDansUneFenetreDeTailleFixe) {
+    Conduite c;
+    c.demarrer();
+    EXPECT_EQ(c.titre(), "Bienvenue");
+    EXPECT_EQ(c.parDefaut(), "Analyser mon Mac");
+    EXPECT_EQ(c.fenetre().windowTitle().toStdString(), "Assistant Lumivia — Voltaris");
+    EXPECT_EQ(c.fenetre().contenu()->size(), QSize(760, 620));
+    EXPECT_EQ(c.fenetre().minimumSize(), c.fenetre().maximumSize());
+    EXPECT_EQ(c.compter("Démarrage de l'assistant "), 1);
+    EXPECT_EQ(Journal::shared().lignes().size(), 1U);
+}
+
+struct CasDeVersion {
+    const char* valeur;
+    const char* affichee;
+    const char* notee;
+};
+
+class Version : public ::testing::TestWithParam<CasDeVersion> {};
+
+TEST_P(Version, vientDInfoPlist) {
+    Conduite c;
+    const std::string valeur = GetParam().valeur;
+    c.mac.poser("/Applications/Assistant Lumivia.app/Contents/Info.plist",
+                "<plist><dict>" +
+                    (valeur.empty() ? "" : "<key>CFBundleShortVersionString</key>" + valeur) +
+                    "</dict></plist>");
+    c.demarrer();
+    EXPECT_EQ(c.textes().back(), GetParam().affichee);
+    EXPECT_EQ(Conduite::compter(GetParam().notee), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cadre, Version,
+                         ::testing::Values(CasDeVersion{"<string>1.2</string>", "Version 1.2",
+                                                        "Démarrage de l'assistant 1.2"},
+                                           CasDeVersion{"<integer>12</integer>", "Version ?",
+                                                        "Démarrage de l'assistant 12"},
+                                           CasDeVersion{"", "Version ?",
+                                                        "Démarrage de l'assistant ?"}));
+
+TEST(Cadre, chaquePageNeGardeQueSesVues) {
+    Conduite c;
+    c.allerAuResultat();
+    const std::size_t lignesDuResultat = c.textes().size();
+    c.cliquer("Analyser à nouveau");
+    EXPECT_EQ(c.boutons().size(), 1U) << "l'analyse n'offre que le rapport";
+    ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
+    EXPECT_EQ(c.textes().size(), lignesDuResultat);
+    c.cliquer("Continuer");
+    EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
+    EXPECT_EQ(c.boutons().size(), 6U); // trois motifs, deux réponses, le rapport
+}
+
+TEST(Cadre, retourVaAuBoutonParDefautOuQueSoitLeClavier) {
+    Conduite c("deux-emetteurs");
+    c.allerAuResultat();
+    c.touche(Qt::Key_Return);
+    ASSERT_EQ(c.titre(), "Tester avec votre projecteur");
+    EXPECT_EQ(c.parDefaut(), "Allumer");
+    c.bouton("Oui")->setFocus();
+    c.touche(Qt::Key_Return);
+    EXPECT_EQ(c.compter("Test DMX : plein"), 1);
+    EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
+    c.touche(Qt::Key_Space);
+    EXPECT_EQ(c.titre(), "Tout fonctionne 🎉");
+}
+
+TEST(Cadre, tabulationPasseParToutDeHautEnBas) {
+    Conduite c;
+    c.allerAuResultat();
+    c.cliquer("Continuer");
+    QApplication::setActiveWindow(&c.fenetre());
+    std::vector<std::string> passages;
+    for (int i = 0; i < 6; ++i) {
+        c.touche(Qt::Key_Tab);
+        auto* ici = qobject_cast<QPushButton*>(QApplication::focusWidget());
+        passages.push_back(ici == nullptr ? "?" : ici->text().toStdString());
+    }
+    EXPECT_EQ(passages, (std::vector<std::string>{"Oui", "Non", "Éteindre", "Clignoter", "Allumer",
+                                                  "Copier le rapport pour le support"}));
+}
+
+TEST(Cadre, leTexteSeSelectionneEtSeCopie) {
+    Conduite c;
+    c.demarrer();
+    QApplication::setActiveWindow(&c.fenetre());
+    QLabel* texte = c.fenetre().contenu()->findChildren<QLabel*>()[1];
+    texte->setFocus();
+    texte->setSelection(0, static_cast<int>(texte->text().size()));
+    c.touche(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), texte->text());
+}
+
+TEST(Cadre, dixMillePagesNeFontRienGrandir) {
+    Conduite c;
+    c.allerAuResultat();
+    c.cliquer("Continuer");
+    const auto tourner = [&c](int fois) {
+        for (int i = 0; i < fois; ++i) {
+            c.cliquer("Non");
+            c.cliquer("Refaire le test");
+        }
+    };
+    tourner(10);
+    const qsizetype vues = QApplication::allWidgets().size();
+    tourner(5000);
+    EXPECT_EQ(QApplication::allWidgets().size(), vues);
+}

@@ -1,0 +1,89 @@
+// Les règles pures : ce que disent les lignes du résultat, l'ordre des pages, le guide, le rapport.
+#include "app/lignes_resultat.hpp"
+#include "app/logiciels.hpp"
+#include "app/navigation.hpp"
+#include "app/rapport_support.hpp"
+
+#include <clocale>
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace {
+
+Diagnostic fiche(std::int64_t majeure = 14) {
+    Diagnostic d;
+    d.versionMacOS = {majeure, 5, 0};
+    d.puceApple = majeure > 10;
+    return d;
+}
+
+std::string icones(const Diagnostic& d, bool enAttente) {
+    std::string suite;
+    for (const LigneResultat& ligne : lignesResultat(d, enAttente)) {
+        suite += ligne.icone;
+    }
+    return suite;
+}
+
+} // namespace
+
+TEST(LignesResultat, suiventLEtatDuMac) {
+    Diagnostic d = fiche();
+    EXPECT_EQ(icones(d, false), "🖥⚠️✅✅");
+    EXPECT_EQ(lignesResultat(d, false)[0].texte, "Mac à puce Apple, macOS 14.5.0");
+    d.emetteurs = {"A1B2C3", "sans numéro"};
+    EXPECT_EQ(icones(d, false), "🖥✅✅✅");
+    EXPECT_EQ(lignesResultat(d, false)[1].texte, "Émetteur détecté (n° A1B2C3, sans numéro).");
+    d.d2xxHelperCharge = true;
+    d.dextFTDIActif = true;
+    EXPECT_EQ(icones(d, false), "🖥✅⚠️⚠️");
+}
+
+TEST(LignesResultat, unRedemarrageEnAttentePasseAvantLAncienPilote) {
+    Diagnostic d = fiche();
+    d.d2xxHelperCharge = true;
+    EXPECT_EQ(icones(d, true), "🖥⚠️🔄");
+    EXPECT_EQ(icones(fiche(), true), "🖥⚠️🔄"); // prêt, mais pas avant le redémarrage
+}
+
+TEST(LignesResultat, unVieuxMacOSEstSignale) {
+    EXPECT_EQ(icones(fiche(10), false), "🖥⚠️✅ℹ️✅");
+    EXPECT_EQ(lignesResultat(fiche(10), false)[0].texte, "Mac Intel, macOS 10.5.0");
+}
+
+TEST(Navigation, laPremiereConditionLEmporte) {
+    Diagnostic d = fiche();
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::brancher);
+    d.emetteurs = {"A"};
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::test);
+    d.dextFTDIPresent = true;
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::test);
+    d.emetteurs.clear();
+    d.dextFTDIActif = true;
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::extension);
+    d.anciensKextsFTDI = {Diagnostic::anciensKexts[1]};
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::retrait);
+    EXPECT_EQ(pageSuivante(d, true), PageSuivante::redemarrage);
+}
+
+TEST(Logiciels, seRangentPareilDansChaqueLangue) {
+    const std::vector<std::string> attendus{
+        "Chataigne", "DMXDesktop",    "FootLight", "Lightkey", "Lightning DmxControl",
+        "MadMapper", "Millumin",      "MyStrow",   "QLC+",     "SoundSwitch",
+        "xLights",   "Autre logiciel"};
+    for (const char* langue : {"C", "fr_FR.UTF-8", "tr_TR.UTF-8"}) {
+        ::setenv("LC_ALL", langue, 1);
+        std::vector<std::string> noms;
+        for (const Logiciels::Fiche& fiche : Logiciels::liste()) {
+            noms.push_back(fiche.nom);
+            EXPECT_FALSE(fiche.consigne.empty());
+        }
+        EXPECT_EQ(noms, attendus) << langue;
+    }
+}
+
+TEST(RapportSupport, joitLAnalyseEtLeJournal) {
+    EXPECT_EQ(rapportSupport("Mac : M", {"[1] un", "[2] deux\nsuite"}),
+              "Assistant Lumivia — rapport\n\nMac : M\n\nJournal :\n[1] un\n[2] deux\nsuite");
+    EXPECT_EQ(rapportSupport("R", {}), "Assistant Lumivia — rapport\n\nR\n\nJournal :\n");
+}

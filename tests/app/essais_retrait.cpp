@@ -1,0 +1,121 @@
+// Les pages du retrait. L'outil « open » de ces Mac n'ouvre pas de Terminal : c'est l'essai qui
+// dépose le résultat, au moment qu'il choisit.
+#include "app/conduite.hpp"
+
+#include "actions/actions.hpp"
+#include "plateforme/preferences.hpp"
+
+using essai::Conduite;
+
+namespace {
+
+const char* const kResultat = "/Library/Application Support/Assistant Lumivia/resultat-retrait.txt";
+const char* const kReussite = "A system reboot is required\nsauvegarde : /x\n";
+
+class Retrait : public ::testing::Test {
+protected:
+    explicit Retrait(const std::string& scenario = "complet") : c(scenario) {
+        c.mac.poserOutil("/usr/bin/open", "exit 0");
+        c.mac.poserEtat("vitesse_horloge", "20");
+        c.allerAuResultat();
+        c.cliquer("Continuer");
+    }
+
+    // Ce que fait le script : met de côté, puis laisse son résultat d'un coup.
+    void finir(const std::string& sortie) const {
+        c.mac.retirer(Diagnostic::cheminD2xxHelper);
+        c.mac.poser(c.mac.maison() + kResultat, sortie);
+    }
+
+    Conduite c;
+};
+
+class RetraitSansExtension : public Retrait {
+protected:
+    RetraitSansExtension() : Retrait("plus-tard") {}
+};
+
+} // namespace
+
+TEST_F(Retrait, annonceAttendEtConduitALExtensionPuisAuRedemarrage) {
+    EXPECT_EQ(c.titre(), "Retirer l'ancien pilote");
+    EXPECT_EQ(c.parDefaut(), "Retirer");
+    c.cliquer("Retirer");
+    EXPECT_EQ(c.titre(), "Retrait en cours…");
+    EXPECT_EQ(c.parDefaut(), "Recommencer");
+    finir(kReussite);
+    ASSERT_TRUE(c.attendrePage("Désactiver le pilote FTDI"));
+    EXPECT_EQ(c.compter(std::string("Résultat du retrait (ok) :\n") + kReussite), 1);
+    EXPECT_TRUE(plateforme::lirePreference("redemarrageEnAttenteDepuisDemarrage").has_value());
+}
+
+TEST_F(RetraitSansExtension, conduitAuRedemarrageQuiProgrammeLaRelance) {
+    c.cliquer("Retirer");
+    finir(kReussite);
+    ASSERT_TRUE(c.attendrePage("Redémarrer le Mac"));
+    EXPECT_EQ(plateforme::lirePreference("redemarrageEnAttenteDepuisDemarrage"),
+              Assistant::heureDemarrage());
+    EXPECT_EQ(c.parDefaut(), "Redémarrer maintenant");
+    c.touche(Qt::Key_Return);
+    EXPECT_EQ(c.titre(), "Redémarrer le Mac");
+    EXPECT_TRUE(c.mac.existe("/etat/redemarrage_demande"));
+    EXPECT_TRUE(Actions::annulerRelance());
+}
+
+TEST_F(Retrait, sansReconstructionNiExtensionAnalyseANouveau) {
+    c.mac.poserEtat("kexts_charges", "");
+    c.mac.poserEtat("extensions_systeme", "");
+    c.cliquer("Retour");
+    ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
+    c.cliquer("Continuer");
+    c.cliquer("Retirer");
+    finir("sauvegarde : /x\n");
+    ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
+    EXPECT_FALSE(plateforme::lirePreference("redemarrageEnAttenteDepuisDemarrage").has_value());
+}
+
+TEST_F(Retrait, unRefusMeneALEchecPuisPermetDeReessayer) {
+    c.cliquer("Retirer");
+    finir("Sorry, try again.\nsudo: 3 incorrect password attempts\n");
+    ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
+    EXPECT_EQ(c.compter("Résultat du retrait (échec) :\nSorry, try again.\n"), 1);
+    EXPECT_EQ(c.parDefaut(), "Réessayer");
+    c.cliquer("Réessayer");
+    EXPECT_EQ(c.titre(), "Retirer l'ancien pilote");
+}
+
+TEST_F(Retrait, unScriptQuiNeSecritPasMeneALEchecAussitot) {
+    c.mac.poser(c.mac.maison() + "/Library/Application Support/Assistant Lumivia", "un fichier");
+    c.cliquer("Retirer");
+    EXPECT_EQ(c.titre(), "Le retrait n'a pas abouti");
+    EXPECT_EQ(c.compter("Impossible d'écrire le script : "), 1);
+}
+
+TEST_F(Retrait, dixRecommencerNeLisentLeResultatQuUneFois) {
+    c.cliquer("Retirer");
+    for (int i = 0; i < 10; ++i) {
+        c.cliquer("Recommencer");
+    }
+    finir(kReussite);
+    ASSERT_TRUE(c.attendrePage("Désactiver le pilote FTDI"));
+    EXPECT_EQ(c.compter("Résultat du retrait"), 1);
+    EXPECT_EQ(c.compter("Retrait des anciens pilotes : ouverture du Terminal"), 11);
+}
+
+TEST_F(Retrait, renonceApresDixMinutesEtPasAvant) {
+    c.mac.poserEtat("vitesse_horloge", "200");
+    const auto debut = std::chrono::steady_clock::now();
+    c.cliquer("Retirer");
+    ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
+    const std::chrono::duration<double> dure = std::chrono::steady_clock::now() - debut;
+    EXPECT_GE(dure.count() * 200, 600);
+    EXPECT_EQ(c.compter("Résultat du retrait"), 0);
+}
+
+TEST_F(Retrait, sansImagesLesPagesMarchent) {
+    c.mac.retirer("/Applications/Assistant Lumivia.app/Contents/Resources");
+    c.cliquer("Retirer");
+    EXPECT_EQ(c.titre(), "Retrait en cours…");
+    finir(kReussite);
+    EXPECT_TRUE(c.attendrePage("Désactiver le pilote FTDI"));
+}
