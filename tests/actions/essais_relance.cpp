@@ -2,11 +2,9 @@
 
 #include "actions/actions.hpp"
 #include "actions/messages.hpp"
+#include "commun/liste_relue.hpp"
 #include "commun/mac.hpp"
 #include "plateforme/identite.hpp"
-
-#include <array>
-#include <cstdio>
 
 namespace {
 
@@ -16,19 +14,6 @@ using essai::Messages;
 const std::string kIdentifiant = plateforme::kIdentifiantPaquet;
 const std::string kProgrammee = "Relance automatique programmée après le redémarrage";
 const std::string kImpossible = "Relance automatique impossible : ";
-
-// Une liste de propriétés relue par un lecteur indépendant.
-std::string relire(const std::string& fichier, const std::string& expression) {
-    const std::string commande =
-        "/usr/bin/python3 -c 'import plistlib,sys; d=plistlib.load(open(sys.argv[1],\"rb\"),"
-        "fmt=plistlib.FMT_XML); print(" +
-        expression + ",end=\"\")' \"" + fichier + "\" 2>&1";
-    FILE* flux = ::popen(commande.c_str(), "r");
-    std::array<char, 4096> tampon{};
-    const std::size_t lus = std::fread(tampon.data(), 1, tampon.size(), flux);
-    ::pclose(flux);
-    return {tampon.data(), lus};
-}
 
 } // namespace
 
@@ -41,7 +26,7 @@ TEST(Relance, LAgentEstCeluiQueLaunchdAttend) {
     Actions::programmerRelance();
     mac.poser(agent, std::string(5000, 'x')); // un fichier plus long est remplacé en entier
     Actions::programmerRelance();
-    EXPECT_EQ(relire(mac.reel(agent), "sorted(d.items())"),
+    EXPECT_EQ(essai::relireListe(mac.reel(agent), "sorted(d.items())"),
               "[('Label', '" + kIdentifiant +
                   ".relance'), ('ProgramArguments', ['/usr/bin/open', "
                   "'/Applications/Assistant Lumivia.app']), ('RunAtLoad', True)]");
@@ -83,7 +68,7 @@ TEST(Relance, UnDossierALaPlaceDeLAgentPartAvecLui) {
 }
 
 TEST(Relance, LePaquetPorteLIdentifiantDeLAgent) {
-    EXPECT_EQ(relire(INFO_PLIST, "d[\"CFBundleIdentifier\"]"), kIdentifiant);
+    EXPECT_EQ(essai::relireListe(INFO_PLIST, "d[\"CFBundleIdentifier\"]"), kIdentifiant);
 }
 
 TEST(Reglages, LAdresseSuitLaVersion) {

@@ -17,7 +17,7 @@ const std::string kExtensions[] = {Diagnostic::cheminD2xxHelper, Diagnostic::anc
 
 class Terminal : public testing::Test {
 protected:
-    explicit Terminal(const std::string& scenario = "complet") : mac(scenario) {
+    Terminal() {
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // une personne simulée tape le mot de passe
         // Un nom de sauvegarde connu d'avance.
         mac.poserOutil("/usr/bin/date", "[ \"$*\" = +%Y%m%d-%H%M%S ] && echo 20250314-093012");
@@ -41,13 +41,8 @@ protected:
                fs::path(extension).filename().string();
     }
 
-    const essai::Mac mac;
+    const essai::Mac mac{"complet"};
     const std::string fin = "sauvegarde : " + kSauvegardes + "/sauvegarde-20250314-093012\n";
-};
-
-class TerminalRefuse : public Terminal {
-protected:
-    TerminalRefuse() : Terminal("mot-de-passe-refuse") {}
 };
 
 } // namespace
@@ -153,7 +148,8 @@ TEST_F(Terminal, UnDeplacementQuiEchoueNArretePasLesAutres) {
     EXPECT_TRUE(mac.existe(sauvegarde(kExtensions[2]) + "/Contents/Info.plist"));
 }
 
-TEST_F(TerminalRefuse, UnMotDePasseRefuseNeToucheARien) {
+TEST_F(Terminal, UnMotDePasseRefuseNeToucheARien) {
+    mac.poserEtat("frappe", "un\ndeux\ntrois\n");
     const Actions::ResultatRetrait resultat = retirer(true);
     EXPECT_FALSE(resultat.ok);
     EXPECT_EQ(resultat.sortie, "Sorry, try again.\nSorry, try again.\n"

@@ -40,6 +40,10 @@ const Fiche kFiches[] = {
     {"extension-seule", k15, "A1B2C3", kRien, "aucun", "activé"},
 };
 
+void PrintTo(const Fiche& fiche, std::ostream* sortie) {
+    *sortie << fiche.scenario;
+}
+
 class AnalyseDeScenario : public testing::TestWithParam<Fiche> {};
 
 // Ce que fait un outil en panne (sans script, il a disparu) et ce qu'il affiche.

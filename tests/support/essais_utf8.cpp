@@ -10,6 +10,8 @@ namespace {
 
 const std::string R = "\uFFFD";
 
+const std::string kBornes = "\0\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"s;
+
 std::string remplacements(int nombre) {
     return nombre == 0 ? "" : R + remplacements(nombre - 1);
 }
@@ -33,19 +35,13 @@ TEST(Utf8, ChaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
         // Une marque d'ordre des octets et un zéro sont des caractères.
         {"\xEF\xBB\xBFtexte\xFF", "\xEF\xBB\xBFtexte" + R},
         {"a\0\xFF\0"s, "a\0"s + R + "\0"s},
+        {"\xEF\xBB\xBF", "\xEF\xBB\xBF"},
+        // Les bornes de chaque longueur passent telles quelles.
+        {kBornes, kBornes},
     };
     for (const auto& [octets, texte] : table) {
         EXPECT_EQ(decoderUtf8(octets), texte);
-        EXPECT_FALSE(estUtf8Valide(octets));
-        EXPECT_TRUE(estUtf8Valide(texte));
-    }
-}
-
-TEST(Utf8, UnTexteValideEstRenduTelQuel) {
-    for (const std::string& texte :
-         {""s, "ASCII\0\x7F"s, "\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"s,
-          "\xEF\xBB\xBF début"s, "Émetteur 🎉 n\u0301"s}) {
-        EXPECT_EQ(decoderUtf8(texte), texte);
+        EXPECT_EQ(estUtf8Valide(octets), octets == texte);
         EXPECT_TRUE(estUtf8Valide(texte));
     }
 }

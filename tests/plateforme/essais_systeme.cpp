@@ -1,0 +1,102 @@
+// Les chemins, les fichiers, le paquet et les préférences, vus du programme.
+
+#include "commun/mac.hpp"
+#include "plateforme/fichiers.hpp"
+#include "plateforme/paquet.hpp"
+#include "plateforme/peripheriques_usb.hpp"
+#include "plateforme/posix/natif.hpp"
+#include "plateforme/preferences.hpp"
+#include "plateforme/processus.hpp"
+#include "plateforme/systeme_exploitation.hpp"
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+using Genre = plateforme::ValeurInfo::Genre;
+
+TEST(Chemins, SeulsLesDossiersDuMacPassentSousLaRacine) {
+    const essai::Mac mac;
+    for (const std::string chemin : {"/Library", "/Library/x", "/Users/Zoé du son",
+                                     "/Applications/", "/System/x", "/usr/bin/open", "/usr/sbin"}) {
+        EXPECT_EQ(plateforme::natif::cheminReel(chemin), mac.reel(chemin));
+    }
+    for (const std::string chemin :
+         {"/LibraryX", "/Librar", "/library/x", "/usr/lib/x", "/usr/binx", "/usr", "/bin/sh",
+          "/tmp", "/", "", "Library/x", "/tmp/Library/x", "//Library"}) {
+        EXPECT_EQ(plateforme::natif::cheminReel(chemin), chemin);
+    }
+    EXPECT_EQ(plateforme::natif::texteAffiche("l'un " + mac.reel("/Library/a").string() +
+                                              ", l'autre " + mac.reel("/Users").string()),
+              "l'un /Library/a, l'autre /Users");
+}
+
+TEST(SansMac, ToutEstAbsent) {
+    ::unsetenv("LUMIVIA_MAC");
+    for (const char* chemin : {"/Library", "/Users", "/usr/bin", "/usr/bin/env", "/usr/sbin"}) {
+        EXPECT_FALSE(plateforme::existe(chemin));
+        EXPECT_FALSE(plateforme::estExecutable(chemin));
+        EXPECT_TRUE(plateforme::creerDossiers(std::string(chemin) + "/x").has_value());
+        EXPECT_FALSE(plateforme::supprimer(chemin));
+    }
+    EXPECT_EQ(plateforme::executer("/usr/bin/env", {}).code, -1);
+    EXPECT_EQ(plateforme::versionSysteme().majorVersion, 0);
+    EXPECT_TRUE(plateforme::numerosDeSerieUSB(0x0403, 0x6001).empty());
+    EXPECT_EQ(plateforme::valeurInfo("CFBundleVersion").genre, Genre::absente);
+    EXPECT_FALSE(plateforme::cheminFrameworksPrives().has_value());
+    plateforme::ecrirePreference("cle", "valeur");
+    EXPECT_FALSE(plateforme::lirePreference("cle").has_value());
+    plateforme::demanderRedemarrage();
+    EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
+}
+
+TEST(Fichiers, RetirerUnLienNeToucheRienDerriereLui) {
+    const essai::Mac mac;
+    mac.poser("/Users/cible/dedans", "à garder");
+    fs::create_directory_symlink("cible", mac.reel("/Users/lien"));
+    EXPECT_TRUE(plateforme::supprimer("/Users/lien"));
+    EXPECT_EQ(mac.lire("/Users/cible/dedans"), "à garder");
+    EXPECT_FALSE(plateforme::supprimer("/Users/lien"));
+}
+
+TEST(Paquet, UneValeurEstAbsenteUnTexteOuAutreChose) {
+    const essai::Mac mac;
+    const std::string info = plateforme::cheminPaquet() + "/Contents/Info.plist";
+    EXPECT_EQ(plateforme::valeurInfo("v").genre, Genre::absente);
+    const std::string debut = "<?xml version=\"1.0\" encoding=\"UTF-8\"?><plist><dict>"
+                              "<key>autre</key><string>v</string>\n<key>v</key>\n";
+    for (const auto& [valeur, genre, texte] : {
+             std::tuple{"<string>1.0 &amp; é</string>", Genre::texte, "1.0 & é"},
+             {"<string/>", Genre::texte, ""},
+             {"<integer>12</integer>", Genre::autre, "12"},
+             {"<true/>", Genre::autre, "1"},
+             {"<false/>", Genre::autre, "0"},
+         }) {
+        mac.poser(info, debut + valeur + "</dict></plist>");
+        EXPECT_EQ(plateforme::valeurInfo("v").genre, genre) << valeur;
+        EXPECT_EQ(plateforme::valeurInfo("v").texte, texte);
+        EXPECT_EQ(plateforme::valeurInfo("V").genre, Genre::absente);
+    }
+    for (const std::string casse : {"", "<plist><dict><key>v", "\xFF\0<key>v</key>"}) {
+        mac.poser(info, casse);
+        EXPECT_EQ(plateforme::valeurInfo("v").genre, Genre::absente) << casse;
+    }
+}
+
+TEST(Preferences, SurviventAUneFinBrutaleEtSeRetirent) {
+    const essai::Mac mac;
+    const std::string valeur = "{ sec = 1785291581 } été\nfin ";
+    for (const std::string& ecrite : {valeur, std::string()}) {
+        if (::fork() == 0) {
+            plateforme::ecrirePreference("cle", ecrite);
+            std::raise(SIGKILL);
+        }
+        ASSERT_GT(::wait(nullptr), 0);
+        EXPECT_EQ(plateforme::lirePreference("cle"), ecrite);
+    }
+    EXPECT_FALSE(plateforme::lirePreference("autre").has_value());
+    plateforme::retirerPreference("cle");
+    EXPECT_FALSE(plateforme::lirePreference("cle").has_value());
+    plateforme::retirerPreference("cle");
+}
