@@ -29,7 +29,6 @@ struct VueNative {
     void detacherSousVues() {
         for (const Vue& vue : sousVues) {
             if (QWidget* enfant = vue.native().widget) {
-                enfant->hide();
                 enfant->setParent(nullptr);
             }
         }

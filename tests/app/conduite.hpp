@@ -22,7 +22,9 @@ inline void traiter() {
 }
 
 inline bool attendreQue(const std::function<bool()>& predicat) {
-    return attendre(predicat, traiter);
+    const bool vu = attendre(predicat, traiter);
+    traiter(); // ce qui vient d'être posé sur la page se montre
+    return vu;
 }
 
 class Conduite {
