@@ -45,11 +45,12 @@ void Guetteur::guetter() {
     const int delai = changements_ < 0 ? 50 : -1;
     std::array<pollfd, 2> sources{{{arret_, POLLIN, 0}, {changements_, POLLIN, 0}}};
     bool quitte = false;
+    // Le fil ne finit que quand on l'arrête : fini de lui-même, il resterait à attendre.
     do {
-        quitte = lireChangements() || ::access(fichier_.c_str(), F_OK) != 0;
+        quitte = lireChangements() || quitte || ::access(fichier_.c_str(), F_OK) != 0;
         parti_.store(quitte, std::memory_order_relaxed);
-    } while (!quitte && ::poll(sources.data(), sources.size(), delai) >= 0 &&
-             (sources[0].revents & POLLIN) == 0);
+        ::poll(sources.data(), sources.size(), delai);
+    } while ((sources[0].revents & POLLIN) == 0);
 }
 
 // Vrai quand le fichier a quitté le dossier, même s'il y est revenu depuis.

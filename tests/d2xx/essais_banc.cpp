@@ -1,0 +1,159 @@
+// Le banc : ce qu'il dit, ce que ses interrupteurs changent, son portrait et sa fin.
+#include "mac_simule/banc/banc.hpp"
+
+#include "commun/mac.hpp"
+#include "mac_simule/banc/extensions.hpp"
+#include "mac_simule/banc/panneau_emetteur.hpp"
+#include "mac_simule/banc/phrases.hpp"
+
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+
+#include <csignal>
+#include <spawn.h>
+#include <sys/wait.h>
+
+using namespace banc;
+using essai::attendre;
+using essai::Mac;
+
+namespace {
+
+constexpr d2xx::Nanosecondes seconde = 1'000'000'000;
+
+struct Fenetre {
+    int nombre = 1;
+    std::string nom = "banc";
+    std::array<char*, 2> arguments{nom.data(), nullptr};
+    QApplication application{nombre, arguments.data()};
+};
+
+void cliquer(const Banc& fenetre, const QString& titre) {
+    for (QAbstractButton* bouton : fenetre.findChildren<QAbstractButton*>()) {
+        if (bouton->text() == titre) {
+            bouton->click();
+            return;
+        }
+    }
+    ADD_FAILURE() << "aucun interrupteur « " << titre.toStdString() << " »";
+}
+
+pid_t lancer(const std::filesystem::path& racine) {
+    std::string programme = BANC;
+    std::string dossier = racine;
+    const std::array<char*, 3> arguments{programme.data(), dossier.data(), nullptr};
+    pid_t enfant = -1;
+    EXPECT_EQ(::posix_spawn(&enfant, BANC, nullptr, nullptr, arguments.data(), environ), 0);
+    return enfant;
+}
+
+int statutDeFin(pid_t enfant) {
+    int etat = -1;
+    EXPECT_TRUE(attendre([&] { return ::waitpid(enfant, &etat, WNOHANG) == enfant; }));
+    return etat;
+}
+
+} // namespace
+
+TEST(Banc, LeProjecteurDitCeQuIlRecoit) {
+    d2xx::Reception recue{.trames = 1234,
+                          .correctes = 1234,
+                          .derniereTrame = seconde,
+                          .derniereComprise = seconde,
+                          .milliTramesParSeconde = 32'800,
+                          .niveauMin = 255,
+                          .niveauMax = 255};
+    const Constat plein = constater(recue, seconde * 2);
+    EXPECT_EQ(plein.signal, Constat::Signal::correct);
+    EXPECT_EQ(plein.niveau, 1);
+    EXPECT_EQ(plein.lumiere, "Plein feu, 100 %");
+    EXPECT_TRUE(plein.reception.startsWith("32,8 trames par seconde, 1"));
+
+    const Constat perdu = constater(recue, seconde * 2 + 1);
+    EXPECT_EQ(perdu.signal, Constat::Signal::absent);
+    EXPECT_EQ(perdu.niveau, 0);
+    EXPECT_EQ(constater(std::nullopt, seconde).lumiere, "Aucun signal");
+
+    recue.verdict = d2xx::Verdict::ruptureCourte;
+    EXPECT_TRUE(constater(recue, seconde).diagnostic.contains("88 µs"));
+    recue.derniereComprise = 0;
+    EXPECT_EQ(constater(recue, seconde).lumiere, "Signal illisible");
+    EXPECT_EQ(constater(recue, seconde).niveau, 0);
+}
+
+TEST(Banc, LaCaseDeLExtensionNeChangeQueSaLigne) {
+    const QString cochee = "*\t*\t658CPPCMJJ\tcom.ftdi.vcp.dext (1.6/0)\tNullDriver\t"
+                           "[activated enabled]\n"
+                           "*\t*\tVBG97UB4TA\tcom.objective-see.lulu\tLuLu\t[activated enabled]\n";
+    QString decochee = cochee;
+    decochee.remove(0, 1).replace(decochee.indexOf("[activated enabled]"), 19,
+                                  "[activated disabled]");
+    EXPECT_EQ(caseFtdi(cochee), Case::cochee);
+    EXPECT_EQ(cocherFtdi(cochee, false), decochee);
+    EXPECT_EQ(caseFtdi(decochee), Case::decochee);
+    EXPECT_EQ(cocherFtdi(decochee, true), cochee);
+    EXPECT_EQ(cocherFtdi(cochee, true), cochee);
+    const QString partante = "\t\t658CPPCMJJ\tcom.ftdi.vcp.dext (1.5/0)\tNullDriver\t"
+                             "[terminated waiting to uninstall on reboot]\n";
+    EXPECT_EQ(caseFtdi(partante), Case::absente);
+    EXPECT_EQ(caseFtdi(partante + cochee), Case::cochee);
+}
+
+TEST(Banc, LesInterrupteursChangentLesFaits) {
+    const Mac mac;
+    const Fenetre qt;
+    mac.retirer("/etat/usb");
+    mac.poserEtat("usb/un", "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
+    mac.poserEtat("extensions_systeme", "*\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated enabled]\n");
+    const Banc fenetre(QString::fromStdString(mac.reel("")));
+    cliquer(fenetre, "Émetteur A1B2C3");
+    EXPECT_TRUE(mac.existe("/etat/debranches/un"));
+    EXPECT_FALSE(mac.existe("/etat/usb/un"));
+    cliquer(fenetre, "Émetteur A1B2C3");
+    EXPECT_TRUE(mac.existe("/etat/usb/un"));
+    cliquer(fenetre, "Un autre logiciel tient l'émetteur");
+    EXPECT_TRUE(mac.existe("/etat/emetteur_occupe"));
+    cliquer(fenetre, "Un autre logiciel tient l'émetteur");
+    EXPECT_FALSE(mac.existe("/etat/emetteur_occupe"));
+    cliquer(fenetre, "FTDIUSBSerialDextInstaller");
+    EXPECT_TRUE(mac.lire("/etat/extensions_systeme").starts_with("*"))
+        << "les Réglages sont fermés";
+    mac.poserEtat("reglages_ouverts", "x-apple.systempreferences:\n");
+    const Banc rouvert(QString::fromStdString(mac.reel("")));
+    cliquer(rouvert, "FTDIUSBSerialDextInstaller");
+    EXPECT_EQ(mac.lire("/etat/extensions_systeme"),
+              "\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated disabled]\n");
+}
+
+TEST(Banc, UnScenarioSansEmetteurPermetDEnBrancherUn) {
+    const Mac mac("sans-emetteur");
+    const Fenetre qt;
+    const Banc fenetre(QString::fromStdString(mac.reel("")));
+    cliquer(fenetre, "Émetteur A1B2C3");
+    EXPECT_EQ(designation(QString::fromStdString(mac.lire("/etat/usb/emetteur-neuf"))),
+              "Émetteur A1B2C3");
+}
+
+TEST(Banc, RendSonPortraitEtFinitAvecSaRacine) {
+    const Mac mac;
+    const pid_t enfant = lancer(mac.reel(""));
+    const std::string image = mac.reel("/Users/portrait.png");
+    mac.poserEtat("demonstration/portrait_demande", image + "\n");
+    EXPECT_TRUE(attendre([&] { return !mac.existe("/etat/demonstration/portrait_demande"); }));
+    EXPECT_EQ(mac.lire("/Users/portrait.png").substr(1, 3), "PNG");
+    mac.retirer("/etat");
+    EXPECT_EQ(statutDeFin(enfant), 0);
+}
+
+TEST(Banc, FinitQuandOnLeLuiDemande) {
+    const Mac mac;
+    const pid_t enfant = lancer(mac.reel(""));
+    mac.poserEtat("banc_fin", "");
+    EXPECT_EQ(statutDeFin(enfant), 0);
+    mac.retirer("/etat/banc_fin");
+    const pid_t autre = lancer(mac.reel(""));
+    mac.poserEtat("demonstration/portrait_demande", mac.reel("/Users/p.png").string());
+    EXPECT_TRUE(attendre([&] { return mac.existe("/Users/p.png"); })) << "il tourne";
+    ::kill(autre, SIGTERM);
+    EXPECT_EQ(statutDeFin(autre), 0);
+}

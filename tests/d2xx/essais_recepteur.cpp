@@ -1,0 +1,185 @@
+// La puce, le récepteur, son compteur et le fichier de réception, sur des événements choisis.
+#include "mac_simule/d2xx/compteur.hpp"
+#include "mac_simule/d2xx/puce.hpp"
+
+#include <atomic>
+#include <gtest/gtest.h>
+#include <memory>
+#include <thread>
+#include <vector>
+
+using namespace d2xx;
+
+namespace {
+
+constexpr Ligne dmx{.debit = 250'000, .bits = 8, .arrets = 2, .parite = 0, .flux = 0};
+constexpr Nanosecondes milliseconde = microsecondes(1000);
+
+struct Envoi {
+    Nanosecondes rupture = microsecondes(200);
+    Nanosecondes marque = microsecondes(125);
+    std::size_t creneaux = 513;
+    std::uint8_t codeDepart = 0;
+    std::uint8_t niveau = 255;
+    Ligne ligne = dmx;
+};
+
+// Pose la trame à cet instant ; rend la fin de son dernier créneau.
+Nanosecondes poser(Recepteur& recepteur, Nanosecondes instant, const Envoi& envoi = {}) {
+    std::vector<std::uint8_t> octets(envoi.creneaux, envoi.niveau);
+    if (!octets.empty()) {
+        octets[0] = envoi.codeDepart;
+    }
+    recepteur.rupture(instant);
+    recepteur.marque(instant + envoi.rupture);
+    recepteur.octets(instant + envoi.rupture + envoi.marque, envoi.ligne, octets);
+    return instant + envoi.rupture + envoi.marque +
+           static_cast<Nanosecondes>(envoi.creneaux) * envoi.ligne.creneau();
+}
+
+// Une trame absente n'a pas de rupture : elle n'est jamais correcte.
+Verdict verdict(const std::optional<Trame>& trame) {
+    return trame.value_or(Trame{}).verdict();
+}
+
+Verdict verdict(const Envoi& envoi) {
+    Recepteur recepteur;
+    return verdict(recepteur.fin(poser(recepteur, 0, envoi) + 1000));
+}
+
+} // namespace
+
+TEST(Recepteur, ChaqueLimiteEstJugeeAuBordPres) {
+    EXPECT_EQ(verdict(Envoi{}), Verdict::correct);
+    EXPECT_EQ(verdict(Envoi{.rupture = 92'000}), Verdict::correct);
+    EXPECT_EQ(verdict(Envoi{.rupture = 91'999}), Verdict::ruptureEmetteur);
+    EXPECT_EQ(verdict(Envoi{.rupture = 88'000}), Verdict::ruptureEmetteur);
+    EXPECT_EQ(verdict(Envoi{.rupture = 87'999}), Verdict::ruptureCourte);
+    EXPECT_EQ(verdict(Envoi{.marque = 12'000}), Verdict::correct);
+    EXPECT_EQ(verdict(Envoi{.marque = 11'999}), Verdict::marqueEmetteur);
+    EXPECT_EQ(verdict(Envoi{.marque = 7'999}), Verdict::marqueCourte);
+    EXPECT_EQ(verdict(Envoi{.creneaux = 512}), Verdict::nombreDeCreneaux);
+    EXPECT_EQ(verdict(Envoi{.creneaux = 514}), Verdict::nombreDeCreneaux);
+    EXPECT_EQ(verdict(Envoi{.creneaux = 0}), Verdict::nombreDeCreneaux);
+    EXPECT_EQ(verdict(Envoi{.codeDepart = 1}), Verdict::codeDepart);
+}
+
+TEST(Recepteur, UnSeulReglageFauxRendLaLigneIllisible) {
+    std::array<Ligne, 6> fausses{dmx, dmx, dmx, dmx, dmx, {}};
+    fausses[0].debit = 230'400;
+    fausses[1].bits = 7;
+    fausses[2].arrets = 0;
+    fausses[3].parite = 1;
+    fausses[4].flux = 0x0100;
+    for (const Ligne& ligne : fausses) {
+        EXPECT_EQ(verdict(Envoi{.ligne = ligne}), Verdict::ligneMalReglee);
+        EXPECT_FALSE(comprise(verdict(Envoi{.ligne = ligne})));
+    }
+    EXPECT_EQ(dmx.creneau(), 44'000);
+}
+
+TEST(Recepteur, UneRuptureAvantLeDernierCreneauCoupeLaTrame) {
+    for (const auto& [avance, attendu] :
+         {std::pair{1, Verdict::trameCoupee}, std::pair{0, Verdict::correct}}) {
+        Recepteur recepteur;
+        const Nanosecondes fin = poser(recepteur, 0);
+        EXPECT_EQ(verdict(recepteur.rupture(fin - avance)), attendu);
+    }
+}
+
+TEST(Recepteur, PlusDUneSecondeEntreDeuxRupturesEstUnSignalPerdu) {
+    for (const auto& [ecart, attendu] :
+         {std::pair{1000, Verdict::correct}, std::pair{1001, Verdict::rupturesEspacees}}) {
+        Recepteur recepteur;
+        poser(recepteur, 0);
+        const Nanosecondes fin = poser(recepteur, ecart * milliseconde);
+        EXPECT_EQ(verdict(recepteur.fin(fin)), attendu);
+    }
+}
+
+TEST(Recepteur, LesOctetsSansRupturePrealableSontPerdus) {
+    const std::vector<std::uint8_t> octets(600, 255);
+    Recepteur recepteur;
+    recepteur.octets(0, dmx, octets);
+    EXPECT_FALSE(recepteur.fin(milliseconde * 100));
+    recepteur.rupture(0);
+    recepteur.octets(10, dmx, octets); // la ligne est encore en rupture
+    EXPECT_FALSE(recepteur.rupture(20)) << "la rupture en cours continue";
+    recepteur.marque(microsecondes(200));
+    EXPECT_EQ(recepteur.fin(milliseconde).value_or(Trame{.creneaux = 1}).creneaux, 0U);
+}
+
+TEST(Recepteur, UneTrameEcriteEnPlusieursFoisRestUneTrame) {
+    std::vector<std::uint8_t> octets(513, 40);
+    octets[0] = 0;
+    octets[512] = 90;
+    const std::span<const std::uint8_t> tous(octets);
+    Recepteur recepteur;
+    recepteur.rupture(0);
+    recepteur.marque(microsecondes(200));
+    recepteur.octets(microsecondes(325), dmx, tous.first(100));
+    recepteur.octets(milliseconde * 5, dmx, tous.subspan(100));
+    const Trame trame = recepteur.fin(milliseconde * 100).value_or(Trame{});
+    EXPECT_EQ(trame.verdict(), Verdict::correct);
+    EXPECT_EQ(trame.niveauMin, 40);
+    EXPECT_EQ(trame.niveauMax, 90);
+}
+
+TEST(Puce, ImmediateRevientAussitotMaisLaLigneGardeSonRythme) {
+    Puce puce(Puce::Modele::immediate);
+    EXPECT_EQ(puce.commande(1000), 1000);
+    const Puce::Ecriture premiere = puce.ecrire(1000, 513, 44'000);
+    EXPECT_EQ(premiere.premierCreneau, 1000 + 125'000);
+    EXPECT_EQ(premiere.retour, 1000);
+    EXPECT_EQ(puce.ecrire(2000, 1, 44'000).premierCreneau, 126'000 + 513 * 44'000);
+}
+
+TEST(Puce, RealisteAttendLaFinDuTransfertEtLaPlaceDansLeTampon) {
+    Puce puce(Puce::Modele::realiste);
+    EXPECT_EQ(puce.commande(1000), 251'000);
+    EXPECT_EQ(puce.ecrire(0, 513, 44'000).retour, 125'000 + 385 * 44'000);
+    EXPECT_EQ(Puce(Puce::Modele::realiste).ecrire(0, 128, 44'000).retour, 125'000);
+}
+
+TEST(Compteur, TientLaCadenceEtLeNiveauDeLaDerniereTrameComprise) {
+    Recepteur recepteur;
+    Compteur compteur;
+    Nanosecondes instant = 0;
+    for (int i = 0; i < 40; ++i, instant += milliseconde * 25) {
+        poser(recepteur, instant, {.niveau = 80});
+        compteur.compter(recepteur.fin(instant + milliseconde * 24).value_or(Trame{}));
+    }
+    EXPECT_EQ(compteur.bilan().milliTramesParSeconde, 40'000U);
+    poser(recepteur, instant, {.rupture = microsecondes(50), .niveau = 200});
+    compteur.compter(recepteur.fin(instant + milliseconde * 24).value_or(Trame{}));
+    const Reception& bilan = compteur.bilan();
+    EXPECT_EQ(bilan.trames, 41U);
+    EXPECT_EQ(bilan.correctes, 40U);
+    EXPECT_EQ(bilan.niveauMax, 80) << "une trame illisible ne change pas la lumière";
+    EXPECT_EQ(bilan.verdict, Verdict::ruptureCourte);
+    EXPECT_LT(bilan.derniereComprise, bilan.derniereTrame);
+}
+
+TEST(Reception, UnLecteurNeVoitJamaisUneEcritureAMoitie) {
+    const auto partagee = std::make_unique<ReceptionPartagee>();
+    EXPECT_FALSE(partagee->lire()) << "rien n'est encore publié";
+    std::atomic<bool> fini = false;
+    std::thread ecrivain([&] {
+        for (std::uint64_t i = 1; i <= 200'000; ++i) {
+            partagee->publier(
+                {.trames = i, .correctes = i, .derniereTrame = static_cast<Nanosecondes>(i)});
+        }
+        fini = true;
+    });
+    std::uint64_t vues = 0;
+    while (!fini) {
+        if (const std::optional<Reception> lue = partagee->lire()) {
+            ASSERT_EQ(lue->trames, lue->correctes);
+            ASSERT_EQ(lue->trames, static_cast<std::uint64_t>(lue->derniereTrame));
+            ASSERT_GE(lue->trames, vues);
+            vues = lue->trames;
+        }
+    }
+    ecrivain.join();
+    EXPECT_EQ(partagee->lire().value_or(Reception{}).trames, 200'000U);
+}

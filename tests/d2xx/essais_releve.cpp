@@ -1,0 +1,129 @@
+// Le relevé d'événements : écrit par la bibliothèque, lu et chiffré par le lecteur.
+#include "bibliotheque.hpp"
+#include "commun/mac.hpp"
+#include "mesures/releve/chiffres.hpp"
+
+#include <cmath>
+
+using namespace essai;
+
+namespace {
+
+// Des trames régulières à partir de l'instant donné, en microsecondes ; le relevé en nanosecondes.
+class Faux {
+public:
+    Faux& note(std::int64_t micro, const std::string& reste) {
+        texte += std::to_string(micro * 1000) + " " + reste + "\n";
+        return *this;
+    }
+
+    Faux& trame(std::int64_t debut, std::int64_t rupture = 200) {
+        note(debut, "break_on 0").note(debut + rupture, "break_off 0");
+        return note(debut + rupture, "write 513 00ff").note(debut + rupture, "write_end 513");
+    }
+
+    releve::Chiffres chiffres() const { return releve::calculer(releve::lire(texte).evenements); }
+
+    std::string texte = "# dmx-record 1 essai=oui\n";
+};
+
+} // namespace
+
+TEST(Releve, LaBibliothequeEcritLaFormeQueLeLecteurLit) {
+    const Mac mac;
+    const std::string chemin = mac.reel("/etat/releve");
+    ::setenv("LUMIVIA_RELEVE_DMX", chemin.c_str(), 1);
+    Bibliotheque d2xx;
+    for (int session = 0; session < 2; ++session) {
+        ASSERT_TRUE(d2xx.ouvrirPourDmx());
+        for (int i = 0; i < 40; ++i) {
+            ASSERT_EQ(d2xx.envoyer(255, 23000), 0U);
+        }
+        const std::string ouvert = mac.lire("/etat/releve");
+        EXPECT_EQ(ouvert.back(), '\0') << "la place est prise d'avance";
+        EXPECT_EQ(releve::lire(ouvert).ligneFautive, 0U);
+        d2xx.fermer();
+    }
+    const std::string texte = mac.lire("/etat/releve");
+    ASSERT_EQ(texte.back(), '\n');
+    EXPECT_EQ(texte.find('\0'), std::string::npos);
+    EXPECT_NE(texte.find(" write 513 00ffffffffffffff\n"), std::string::npos);
+    const releve::Lecture lecture = releve::lire(texte);
+    EXPECT_EQ(lecture.ligneFautive, 0U);
+    std::map<std::string_view, int> comptes;
+    for (const releve::Evenement& evenement : lecture.evenements) {
+        ++comptes[evenement.nom];
+    }
+    const std::map<std::string_view, int> attendus{
+        {"open", 2},   {"close", 2},      {"baud", 2},        {"break_on", 80}, {"break_off", 80},
+        {"write", 80}, {"write_end", 80}, {"cpu_process", 2}, {"cpu_thread", 2}};
+    EXPECT_EQ(comptes, attendus);
+    const releve::Chiffres chiffres = releve::calculer(lecture.evenements);
+    EXPECT_EQ(chiffres.coupees, 0U);
+    EXPECT_EQ(chiffres.echecs, 0U);
+    EXPECT_GE(chiffres.ruptureMin, 200);
+}
+
+TEST(Releve, LeLecteurAccepteUneFinInterrompueEtNommeUneLigneFautive) {
+    Faux faux;
+    faux.trame(0);
+    EXPECT_EQ(releve::lire(faux.texte + "12345 break" + std::string(50, '\0')).evenements.size(),
+              4U);
+    EXPECT_EQ(releve::lire(faux.texte + "# note\nn'importe quoi\n").ligneFautive, 7U);
+    EXPECT_EQ(releve::lire("12 open 0\n").ligneFautive, 1U);
+    EXPECT_EQ(releve::lire("").ligneFautive, 1U);
+}
+
+TEST(Releve, LesChiffresLaissentLaPremiereSeconde) {
+    Faux faux;
+    faux.trame(0, 50);
+    for (int i = 0; i <= 100; ++i) { // la 100e période dure 5 ms de trop, la 101e trame la clôt
+        faux.trame(1'000'000 + i * 30'000 + (i == 100 ? 5000 : 0), 200 + i);
+        if (i == 0 || i == 100) {
+            faux.note(1'010'000 + i * 30'000, "cpu_process " + std::to_string(i * 90'000));
+            faux.note(1'010'000 + i * 30'000, "cpu_thread " + std::to_string(i * 80'000));
+        }
+    }
+    const releve::Chiffres chiffres = faux.chiffres();
+    EXPECT_EQ(chiffres.trames, 101U);
+    EXPECT_DOUBLE_EQ(chiffres.periodeMoyenne, 30'050);
+    EXPECT_DOUBLE_EQ(chiffres.periodeP99, 30'000);
+    EXPECT_NEAR(chiffres.periodeEcartType, 497.5, 0.1);
+    EXPECT_DOUBLE_EQ(chiffres.gigueP99, 0);
+    EXPECT_NEAR(chiffres.tramesParSeconde, 33.278, 0.001);
+    EXPECT_DOUBLE_EQ(chiffres.ruptureMin, 200) << "celle de 50 µs est dans la première seconde";
+    EXPECT_DOUBLE_EQ(chiffres.ruptureP50, 250);
+    EXPECT_DOUBLE_EQ(chiffres.calculProcessus, 90);
+    EXPECT_DOUBLE_EQ(chiffres.calculFil, 80);
+    EXPECT_EQ(chiffres.coupees, 0U);
+}
+
+TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujours) {
+    Faux faux;
+    faux.trame(0).trame(22'800).trame(60'000); // 200 + 125 + 513 × 44 = 22 897 µs
+    faux.note(90'000, "break_on 0").note(120'000, "break_on 0").note(120'200, "write_fail 4");
+    const releve::Chiffres chiffres = faux.chiffres();
+    EXPECT_EQ(chiffres.coupees, 1U);
+    EXPECT_EQ(chiffres.echecs, 2U);
+    EXPECT_TRUE(std::isnan(chiffres.periodeMoyenne));
+}
+
+TEST(Releve, UneNouvelleSessionNEstPasUneLonguePeriode) {
+    Faux faux;
+    faux.trame(0).trame(1'000'000).trame(1'030'000).note(1'060'000, "close 0");
+    faux.note(9'000'000, "open 0").trame(9'000'100).trame(9'030'100);
+    EXPECT_DOUBLE_EQ(faux.chiffres().periodeMoyenne, 30'000);
+}
+
+TEST(Releve, PlusieursPassagesDonnentLaMedianeDesCentiles) {
+    const std::array<releve::Chiffres, 3> passages{{
+        {.trames = 10, .periodeP99 = 31, .ruptureMin = 270, .coupees = 1},
+        {.trames = 10, .periodeP99 = 99, .ruptureMin = 260},
+        {.trames = 10, .periodeP99 = 30, .ruptureMin = 280, .echecs = 2},
+    }};
+    const releve::Chiffres ensemble = releve::rassembler(passages);
+    EXPECT_EQ(ensemble.periodeP99, 31);
+    EXPECT_EQ(ensemble.ruptureMin, 260);
+    EXPECT_EQ(ensemble.trames, 30U);
+    EXPECT_EQ(ensemble.coupees + ensemble.echecs, 3U);
+}
