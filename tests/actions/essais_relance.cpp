@@ -6,6 +6,8 @@
 #include "commun/mac.hpp"
 #include "plateforme/identite.hpp"
 
+#include <unistd.h>
+
 namespace {
 
 using essai::messages;
@@ -65,6 +67,19 @@ TEST(Relance, UnDossierALaPlaceDeLAgentPartAvecLui) {
                   " » : un dossier se trouve à la place du fichier (erreur 21).");
     EXPECT_TRUE(Actions::annulerRelance());
     EXPECT_FALSE(mac.existe(agent));
+}
+
+TEST(Relance, UnAgentQuiNeSeRetirePasCompteQuandMeme) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "root retire tout";
+    }
+    const essai::Mac mac;
+    Actions::programmerRelance();
+    const auto dossier = mac.reel(Actions::agentRelance()).parent_path();
+    std::filesystem::permissions(dossier, std::filesystem::perms(0555));
+    EXPECT_TRUE(Actions::annulerRelance());
+    EXPECT_TRUE(mac.existe(Actions::agentRelance()));
+    std::filesystem::permissions(dossier, std::filesystem::perms(0755));
 }
 
 TEST(Relance, LePaquetPorteLIdentifiantDeLAgent) {
