@@ -45,7 +45,7 @@ QString defaut(d2xx::Verdict verdict) {
     case d2xx::Verdict::correct:
         return {};
     case d2xx::Verdict::ligneMalReglee:
-        return "la ligne n'est pas réglée pour le DMX (250 000 bauds, 8 bits, 2 bits d'arrêt)";
+        return "la ligne n'est pas réglée pour le DMX (250\u202f000 bauds, 8 bits, 2 bits d'arrêt)";
     case d2xx::Verdict::ruptureCourte:
         return "rupture trop courte, moins de 88 µs";
     case d2xx::Verdict::marqueCourte:
