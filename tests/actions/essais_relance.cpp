@@ -38,7 +38,7 @@ TEST(Relance, LAgentEstCeluiQueLaunchdAttend) {
     EXPECT_FALSE(Actions::annulerRelance());
 }
 
-TEST(Relance, LeRedemarrageEstDemandeApresElleQuelleQuEnSoitLIssue) {
+TEST(Relance, LeRedemarrageEstDemandeMemeSiElleEstImpossible) {
     const essai::Mac mac;
     Actions::redemarrer();
     EXPECT_TRUE(mac.existe("/etat/redemarrage_demande"));

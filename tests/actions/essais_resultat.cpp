@@ -47,7 +47,7 @@ protected:
 
 } // namespace
 
-TEST(RetraitReussi, SuitLaTableDesIssues) {
+TEST(RetraitReussi, SuitLaTableDesVerdicts) {
     const std::string marque = "mis de cote : x\nsauvegarde : /Library/y\n";
     const std::string demandee = "A system reboot is required for the operation\n";
     for (const bool encoreLa : {false, true}) {
