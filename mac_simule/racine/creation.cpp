@@ -116,8 +116,9 @@ void ecrireFaits(const fs::path& etat, const Scenario& s) {
     ecrire(etat / "frappe", frappe);
     ecrire(etat / "gestes", gestes);
     ecrire(etat / "extensions_systeme", ligneExtensionFtdi(s.extensionFtdi));
-    for (const auto& [nom, present] :
-         {std::pair{"terminal_ferme", s.terminalFerme}, {"emetteur_occupe", s.emetteurOccupe}}) {
+    for (const auto& [nom, present] : {std::pair{"terminal_ferme", s.terminalFerme},
+                                       {"emetteur_occupe", s.emetteurOccupe},
+                                       {"bibliotheque_absente", s.bibliothequeAbsente}}) {
         if (present) {
             ecrire(etat / nom, "");
         }

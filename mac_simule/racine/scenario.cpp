@@ -173,6 +173,7 @@ constexpr std::array kCles{
     Cle{"vitesse_horloge", vitesseHorloge, "un nombre de 1 à 9999"},
     Cle{"terminal_ferme", presence<&Scenario::terminalFerme>, "rien"},
     Cle{"emetteur_occupe", presence<&Scenario::emetteurOccupe>, "rien"},
+    Cle{"bibliotheque_absente", presence<&Scenario::bibliothequeAbsente>, "rien"},
     Cle{"relance_impossible", presence<&Scenario::relanceImpossible>, "rien"},
     Cle{"geste", geste, "un titre de page, une barre verticale et un titre de bouton", true},
     Cle{"fin", phrase<&Scenario::fin>, "un titre de page"},

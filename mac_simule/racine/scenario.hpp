@@ -49,6 +49,7 @@ struct Scenario {
     std::string vitesseHorloge = "1";
     bool terminalFerme = false;
     bool emetteurOccupe = false;
+    bool bibliothequeAbsente = false; // le paquet de l'assistant a perdu sa bibliothèque D2XX
     bool relanceImpossible = false;
     std::vector<Geste> gestes;
     std::string fin = "Tout fonctionne 🎉";

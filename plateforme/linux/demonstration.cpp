@@ -190,6 +190,10 @@ bool Demonstration::faire(const Geste& geste) {
     case Geste::Genre::choisir:
         return choisir(valeur);
     case Geste::Genre::finir:
+        // Le rapport est copié quand son alerte s'est fermée.
+        if (QGuiApplication::clipboard()->text().isEmpty()) {
+            return false;
+        }
         finir();
         return true;
     }
