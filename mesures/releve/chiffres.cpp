@@ -14,6 +14,7 @@ using Serie = std::vector<double>;
 
 constexpr double rien = std::numeric_limits<double>::quiet_NaN();
 constexpr std::int64_t misEnRoute = 1'000'000'000;
+constexpr std::int64_t aucune = std::numeric_limits<std::int64_t>::min(); // avant tout instant
 constexpr std::int64_t attenteDuPremierCreneau = 125'000;
 constexpr std::int64_t bitsParCreneau = 11;
 
@@ -82,8 +83,8 @@ private:
         return debut_ && instant >= *debut_ + misEnRoute;
     }
 
-    std::optional<std::int64_t> debut_;   // première rupture du relevé
-    std::optional<std::int64_t> rupture_; // dernière rupture de la session
+    std::optional<std::int64_t> debut_; // première rupture du relevé
+    std::int64_t rupture_ = aucune;     // dernière rupture de la session
     bool ecritureAttendue_ = false;
     std::int64_t finDesCreneaux_ = 0;
     std::int64_t creneau_ = 44'000;
@@ -113,10 +114,10 @@ void Suivi::suivre(const Evenement& evenement) {
     } else if (nom == "break_fail" || nom == "write_fail") {
         ++echecs_;
         ecritureAttendue_ = false;
-        rupture_.reset();
+        rupture_ = aucune;
     } else if (nom == "open") {
         ecritureAttendue_ = false;
-        rupture_.reset();
+        rupture_ = aucune;
     }
 }
 
@@ -124,23 +125,23 @@ void Suivi::commencerTrame(std::int64_t instant) {
     debut_ = debut_.value_or(instant);
     coupees_ += instant < finDesCreneaux_ ? 1 : 0;
     echecs_ += ecritureAttendue_ ? 1 : 0;
-    if (rupture_ && compte(*rupture_)) {
-        periodes_.push_back(microsecondes(instant - *rupture_));
+    if (compte(rupture_)) {
+        periodes_.push_back(microsecondes(instant - rupture_));
     }
     rupture_ = instant;
     ecritureAttendue_ = true;
 }
 
 void Suivi::finirRupture(std::int64_t instant) {
-    if (rupture_ && compte(*rupture_)) {
-        ruptures_.push_back(microsecondes(instant - *rupture_));
+    if (compte(rupture_)) {
+        ruptures_.push_back(microsecondes(instant - rupture_));
     }
 }
 
 void Suivi::ecrire(std::int64_t instant, std::uint64_t octets) {
     finDesCreneaux_ = std::max(instant + attenteDuPremierCreneau, finDesCreneaux_) +
                       static_cast<std::int64_t>(octets) * creneau_;
-    if (ecritureAttendue_ && rupture_ && compte(*rupture_)) {
+    if (ecritureAttendue_ && compte(rupture_)) {
         ++trames_;
     }
     ecritureAttendue_ = false;
