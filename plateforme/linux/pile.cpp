@@ -23,33 +23,6 @@ Qt::Alignment alignement(const QBoxLayout& pile, const QWidget& vue) {
     return verticale ? Qt::AlignLeft : Qt::AlignVCenter;
 }
 
-// Montrer une vue dans une fenêtre visible dispose aussitôt toute la fenêtre. Une page en ajoute
-// plusieurs d'affilée : tant que cet objet vit, la disposition attend le tour de boucle suivant.
-class DispositionRetenue {
-public:
-    explicit DispositionRetenue(const QWidget& depuis) {
-        for (QWidget* vue = depuis.parentWidget(); vue != nullptr; vue = vue->parentWidget()) {
-            if (QLayout* disposition = vue->layout(); disposition && disposition->isEnabled()) {
-                disposition->setEnabled(false);
-                retenues_.push_back(disposition);
-            }
-        }
-    }
-
-    DispositionRetenue(const DispositionRetenue&) = delete;
-    DispositionRetenue& operator=(const DispositionRetenue&) = delete;
-
-    ~DispositionRetenue() {
-        for (QLayout* disposition : retenues_) {
-            disposition->setEnabled(true);
-            disposition->invalidate();
-        }
-    }
-
-private:
-    std::vector<QLayout*> retenues_;
-};
-
 } // namespace
 
 Pile::Pile(Orientation orientation)
@@ -89,7 +62,6 @@ void Pile::ajouter(const Vue& vue) const {
     const bool enHaut = widget<QWidget>(*this).property("enHaut").toBool();
     boite.addWidget(&nouvelle, 0, enHaut ? Qt::AlignTop : alignement(boite, nouvelle));
     native().sousVues.push_back(vue);
-    const DispositionRetenue attente(nouvelle);
     nouvelle.show();
 }
 

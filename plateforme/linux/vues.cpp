@@ -68,7 +68,9 @@ QLabel* nouvelleEtiquette(const std::string& texte) {
 
 QFont police(double taille, bool gras) {
     QFont fonte;
-    fonte.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji")});
+    // La dernière n'est là que pour ⓘ, que les deux premières n'ont pas.
+    fonte.setFamilies({QStringLiteral("Inter"), QStringLiteral("Noto Color Emoji"),
+                       QStringLiteral("Noto Sans Symbols")});
     fonte.setPixelSize(static_cast<int>(taille));
     fonte.setBold(gras);
     return fonte;

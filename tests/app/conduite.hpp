@@ -72,7 +72,7 @@ public:
     std::vector<QPushButton*> boutons() const {
         std::vector<QPushButton*> visibles;
         for (QPushButton* bouton : fenetre().contenu()->findChildren<QPushButton*>()) {
-            if (bouton->isVisible()) {
+            if (!bouton->isHidden()) {
                 visibles.push_back(bouton);
             }
         }

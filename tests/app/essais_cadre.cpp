@@ -104,8 +104,8 @@ TEST(Cadre, dixMillePagesNeFontRienGrandir) {
     Conduite c;
     c.allerAuResultat();
     c.cliquer("Continuer");
-    // La peinture prendrait l'essentiel du temps, et n'est pas ce qui pourrait grandir.
-    c.fenetre().setUpdatesEnabled(false);
+    // Disposer et peindre prendrait l'essentiel du temps, et n'est pas ce qui pourrait grandir.
+    c.fenetre().hide();
     const auto tourner = [&c](int fois) {
         for (int i = 0; i < fois; ++i) {
             c.cliquer("Non");
