@@ -1,0 +1,125 @@
+# Les lignes du tableau, hors celles des trames : ce que chacune lance, et ce qu'elle en dit. À sourcer
+# après tableau.sh, `programmes` désignant les programmes de mesure construits.
+# shellcheck shell=bash
+
+: "${racine:?}" "${travail:?}" "${programmes:?}"
+
+# Démarrage : du lancement du processus à la fenêtre peinte.
+fenetre_assistant() { sur complet "$programmes/commun/mesure_chronometrer" 1 "$programmes/demarrage/mesure_fenetre"; }
+fenetre_nue() { "$programmes/commun/mesure_chronometrer" 1 "$programmes/demarrage/mesure_fenetre_nue"; }
+fenetre_sans_emoji() { "$programmes/commun/mesure_chronometrer" 1 "$programmes/demarrage/mesure_fenetre_nue" sans-emoji; }
+
+mesurer_demarrage() {
+    alterner "$(tours 11 41)" fenetre_assistant fenetre_nue "$travail/demarrage"
+    ligne_rapport "Démarrage, jusqu'à la fenêtre peinte / fenêtre nue, avec un émoji" \
+        "$travail/demarrage" 1e6 ms 3 ≤ 1.25
+    alterner "$(tours 11 41)" fenetre_assistant fenetre_sans_emoji "$travail/demarrage-sans"
+    ligne_rapport "Démarrage / fenêtre nue, sans émoji" "$travail/demarrage-sans" 1e6 ms 3 ≤ 1.25
+}
+
+# Analyse : les mêmes outils, lancés par nous ou par un interpréteur.
+analyse_assistant() { sur complet "$programmes/analyse/mesure_analyse" 50; }
+analyse_outils() {
+    "$programmes/commun/mesure_chronometrer" 50 /bin/sh "$racine/mesures/analyse/outils.sh" 50 \
+        "$travail/complet"
+}
+
+mesurer_analyse() {
+    alterner "$(tours 9 31)" analyse_assistant analyse_outils "$travail/analyse"
+    ligne_rapport "Une analyse / les mêmes outils par /bin/sh" "$travail/analyse" 1e6 ms 3 ≤ 1.10
+}
+
+commande_assistant() { "$programmes/commande/mesure_commande" 300 /bin/echo Lumivia; }
+commande_nue() { "$programmes/commande/mesure_commande_nue" 300 /bin/echo Lumivia; }
+
+mesurer_commande() {
+    alterner "$(tours 11 41)" commande_assistant commande_nue "$travail/commande"
+    ligne_rapport "Une commande / lancer, lire, attendre en C" "$travail/commande" 1e3 µs 3 ≤ 1.15
+}
+
+# Cent mégaoctets de sortie, lus et décodés.
+bavard=("$programmes/sortie/mesure_produire" 100000000)
+sortie_assistant() { "$programmes/sortie/mesure_sortie" "${bavard[@]}"; }
+sortie_nue() { "$programmes/sortie/mesure_sortie_nue" "${bavard[@]}"; }
+sortie_accents() { "$programmes/sortie/mesure_sortie" "${bavard[@]}" accents; }
+sortie_accents_nue() { "$programmes/sortie/mesure_sortie_nue" "${bavard[@]}" accents; }
+
+mesurer_sortie() {
+    alterner "$(tours 11 31)" sortie_assistant sortie_nue "$travail/sortie"
+    ligne_rapport "Vitesse de lecture, 100 Mo / un seul tampon en C" "$travail/sortie" 1e6 ms 4 ≥ 0.7
+    alterner "$(tours 7 15)" sortie_accents sortie_accents_nue "$travail/accents"
+    ligne_rapport "La même, un caractère accentué tous les quinze" "$travail/accents" 1e6 ms 4 ≥ ''
+}
+
+# Journal : la même ligne au même endroit, dans un fichier neuf à chaque passage.
+journal_assistant() {
+    rm -f "$travail"/complet/Users/*/Library/Logs/*
+    sur complet "$programmes/journal/mesure_journal" 3000 'Test DMX : clignotant'
+}
+journal_nu() {
+    rm -f "$travail/journal-nu"
+    "$programmes/journal/mesure_journal_nu" 3000 "$travail/journal-nu" \
+        $'[2024-05-17 14:03:09] Test DMX : clignotant\n'
+}
+
+mesurer_journal() {
+    alterner "$(tours 11 41)" journal_assistant journal_nu "$travail/journal"
+    ligne_rapport "Une ligne du journal / ouvrir, ajouter, fermer en C" "$travail/journal" 1e3 µs 3 ≤ 3
+}
+
+# Pages : chaque changement de deux parcours ; on juge la page la plus lente, par sa médiane.
+mesurer_pages() {
+    local tours titre
+    tours=$(tours 60 200)
+    {
+        sur sans-script "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" -- \
+            Continuer Retirer Réessayer Retour
+        sur pret "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" Continuer -- \
+            Non "Refaire le test"
+    } >"$travail/pages"
+    cut -d ' ' -f 2- "$travail/pages" | LC_ALL=C sort -u | while read -r titre; do
+        printf '%s %s\n' "$(awk -v t="$titre" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d }' \
+            "$travail/pages" | quantile 0.5)" "$titre"
+    done | LC_ALL=C sort -g >"$travail/pages-medianes"
+    ligne_pages "$(tail -n 1 "$travail/pages-medianes")" "la plus lente"
+    ligne_pages "$(head -n 1 "$travail/pages-medianes")" "la plus rapide"
+}
+
+ligne_pages() { # « médiane titre », rang
+    local titre=${1#* } durees
+    durees=$travail/pages-durees
+    awk -v t="$titre" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d / 1e6 }' "$travail/pages" \
+        >"$durees"
+    ligne_valeur "Changement de page, $2 (« $titre »)" "$(quantile 0.5 <"$durees")" 2 " ms" \
+        "$(nombre "$(quantile 0.25 <"$durees")" 2) – $(nombre "$(quantile 0.75 <"$durees")" 2)" '<' 8
+}
+
+# Mémoire résidente, au repos sur la page de bienvenue, puis après bien des pages.
+memoire_assistant() { sur complet "$programmes/demarrage/mesure_fenetre" memoire; }
+memoire_nue() { "$programmes/demarrage/mesure_fenetre_nue" memoire; }
+
+mesurer_memoire() {
+    local cent dix_mille
+    alterner "$(tours 5 11)" memoire_assistant memoire_nue "$travail/memoire"
+    ligne_rapport "Mémoire au repos / fenêtre nue, avec un émoji" "$travail/memoire" 1024 Mo 3 ≤ 1.15
+    read -r cent dix_mille < <(sur pret "$programmes/pages/mesure_pages" memoire 10000 \
+        "Analyser mon Mac" Continuer -- Non "Refaire le test")
+    echo "$dix_mille $cent $(awk -v a="$dix_mille" -v b="$cent" 'BEGIN { print a / b }')" \
+        >"$travail/pages-memoire"
+    ligne_rapport "Mémoire après 10 000 pages / après 100" "$travail/pages-memoire" 1024 Mo 3 ≤ 1.02
+}
+
+# Taille de ce qui se livre aux Macs.
+mesurer_taille() {
+    local application="$racine/sortie/Assistant Lumivia.app"
+    if [ ! -d "$application" ]; then
+        dire "Taille pour macOS : ./empaqueter fabrique d'abord l'application."
+        ligne "Taille pour macOS (l'application se fabrique par ./empaqueter)" — — — — "≤ 1,5 et 4 Mo" —
+        return
+    fi
+    ligne_valeur "Exécutable de macOS, deux puces" \
+        "$(stat -c %s "$application/Contents/MacOS/Assistant Lumivia" | awk '{ print $1 / 1e6 }')" 2 \
+        " Mo" — ≤ 1.5
+    ligne_valeur "Application de macOS entière" \
+        "$(du -sb --apparent-size "$application" | awk '{ print $1 / 1e6 }')" 2 " Mo" — ≤ 4
+}
