@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kIntervalle = 10;       // ms, entre deux regards sur la fenêtre
 constexpr qint64 kPatience = 120'000; // ms sans que la page change
+constexpr int kPilesEmboitees = 8;    // davantage que la fenêtre n'en emboîte
 constexpr std::size_t kLimiteFichier = 64UL * 1024 * 1024;
 
 // Le nom de fichier d'une page : son titre sans accents ni ponctuation.
@@ -47,6 +48,11 @@ FenetreQt* fenetreAssistant() {
 
 // L'image de la page telle qu'on la voit, l'alerte par-dessus s'il y en a une.
 QPixmap imageDeLaFenetre(FenetreQt& fenetre, QWidget* alerte) {
+    // Une disposition remonte de pile en pile, un évènement à la fois ; la fenêtre ne se peint
+    // qu'après le dernier, l'image se prend donc aussi après lui.
+    for (int etage = 0; etage < kPilesEmboitees; ++etage) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    }
     QPixmap image = fenetre.contenu()->grab();
     if (alerte != nullptr) {
         const QPixmap dessus = alerte->grab();

@@ -51,6 +51,18 @@ private:
     QImage image_;
 };
 
+// Donne à une étiquette qui va à la ligne sa taille exacte. Qt saurait la déduire de la largeur,
+// mais pas à travers des piles emboîtées : les dernières lignes y seraient coupées.
+void ajusterHauteur(QLabel& etiquette) {
+    if (etiquette.wordWrap() && etiquette.minimumWidth() == etiquette.maximumWidth()) {
+        QSizePolicy place = etiquette.sizePolicy();
+        place.setHeightForWidth(false);
+        etiquette.setSizePolicy(place);
+        etiquette.setMinimumHeight(0); // la hauteur calculée n'est jamais sous ce minimum
+        etiquette.setFixedHeight(etiquette.heightForWidth(etiquette.minimumWidth()));
+    }
+}
+
 std::shared_ptr<VueNative> nouvelle(QWidget* vue) {
     return std::make_shared<VueNative>(vue);
 }
@@ -105,10 +117,12 @@ void Etiquette::setTexte(const std::string& texte) const {
     etiquette.setTextFormat(riche ? Qt::RichText : Qt::PlainText);
     etiquette.setText(riche ? texteRiche(nu) : nu);
     etiquette.setAccessibleName(nu);
+    ajusterHauteur(etiquette);
 }
 
 void Etiquette::setPolice(double taille, bool gras) const {
     widget<QLabel>(*this).setFont(police(taille, gras));
+    ajusterHauteur(widget<QLabel>(*this));
 }
 
 void Etiquette::setCouleurSecondaire() const {
@@ -117,6 +131,7 @@ void Etiquette::setCouleurSecondaire() const {
 
 void Etiquette::setLargeurMaximale(double largeur) const {
     widget<QLabel>(*this).setFixedWidth(static_cast<int>(largeur));
+    ajusterHauteur(widget<QLabel>(*this));
 }
 
 MenuLocal::MenuLocal(const std::vector<std::string>& articles, std::function<void(int)> choix)

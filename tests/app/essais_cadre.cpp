@@ -100,6 +100,21 @@ TEST(Cadre, leTexteSeSelectionneEtSeCopie) {
     EXPECT_EQ(QGuiApplication::clipboard()->text(), texte->text());
 }
 
+TEST(Cadre, aucunTexteNEstCoupeDUnePageALAutre) {
+    Conduite c;
+    c.allerAuResultat();
+    for (const char* bouton : {"Continuer", "Non", "Refaire le test", "Oui"}) {
+        c.cliquer(bouton);
+        for (const QLabel* texte : c.fenetre().contenu()->findChildren<QLabel*>()) {
+            const QRect place(0, 0, texte->width(), 10'000);
+            const int ajour =
+                texte->fontMetrics().boundingRect(place, Qt::TextWordWrap, texte->text()).height();
+            EXPECT_GE(texte->height(), ajour) << texte->text().toStdString();
+            EXPECT_LE(texte->height(), ajour + 12) << texte->text().toStdString();
+        }
+    }
+}
+
 TEST(Cadre, dixMillePagesNeFontRienGrandir) {
     Conduite c;
     c.allerAuResultat();
