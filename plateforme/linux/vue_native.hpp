@@ -29,6 +29,8 @@ struct VueNative {
     void detacherSousVues() {
         for (const Vue& vue : sousVues) {
             if (QWidget* enfant = vue.native().widget) {
+                // Sans quoi le clavier sauterait au bouton voisin, comme par la touche Tab.
+                enfant->clearFocus();
                 enfant->setParent(nullptr);
             }
         }

@@ -6,6 +6,8 @@
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
 
+#include <algorithm>
+
 namespace plateforme {
 namespace {
 
@@ -59,7 +61,7 @@ void ajusterHauteur(QLabel& etiquette) {
         place.setHeightForWidth(false);
         etiquette.setSizePolicy(place);
         etiquette.setMinimumHeight(0); // la hauteur calculée n'est jamais sous ce minimum
-        etiquette.setFixedHeight(etiquette.heightForWidth(etiquette.minimumWidth()));
+        etiquette.setFixedHeight(std::max(0, etiquette.heightForWidth(etiquette.minimumWidth())));
     }
 }
 

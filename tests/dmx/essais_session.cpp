@@ -248,6 +248,6 @@ TEST_F(Cycles, cinquanteSessionsNeLaissentRien) {
     tourner(50);
 }
 
-TEST_F(Cycles, DISABLED_enduranceMilleSessionsNeLaissentRien) {
+TEST_F(Cycles, DISABLED_milleSessionsNeLaissentRien) {
     tourner(1000);
 }
