@@ -3,8 +3,6 @@
 #include "plateforme/fichiers.hpp"
 #include "plateforme/langue.hpp"
 
-#include <utility>
-
 Journal& Journal::shared() {
     static Journal& unique = *new Journal;
     return unique;
@@ -14,12 +12,7 @@ Journal::Journal()
     : fichier_(plateforme::dossierPersonnel() + "/Library/Logs/Assistant Lumivia.log") {}
 
 void Journal::note(const std::string& message) {
-    const std::string date = plateforme::horodatageLocal();
-    std::string ligne;
-    // Gardée jusqu'à la fin : une ligne prend sa place, et pas une de plus.
-    ligne.reserve(date.size() + message.size() + sizeof "[] ");
-    ligne.append("[").append(date).append("] ").append(message);
-    lignes_.push_back(std::move(ligne));
+    lignes_.push_back('[' + plateforme::horodatageLocal() + "] " + message);
     ecrire(lignes_.back() + "\n");
 }
 
