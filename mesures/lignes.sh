@@ -106,7 +106,7 @@ mesurer_memoire() {
         "Analyser mon Mac" Continuer -- Non "Refaire le test")
     echo "$dix_mille $cent $(awk -v a="$dix_mille" -v b="$cent" 'BEGIN { print a / b }')" \
         >"$travail/pages-memoire"
-    ligne_rapport "Mémoire après 10 000 pages / après 100" "$travail/pages-memoire" 1024 Mo 3 ≤ 1.02
+    ligne_rapport "Mémoire après 10 000 pages et 5 000 lignes de journal / après 100 pages" "$travail/pages-memoire" 1024 Mo 3 ≤ 1.02
 }
 
 # Taille de ce qui se livre aux Macs.

@@ -56,8 +56,11 @@ int conduire(const Demande& demande) {
                 demande.boucle[static_cast<std::size_t>(tour) % demande.boucle.size()])) {
             return 1;
         }
-        if (demande.memoire && tour + 1 == kTours) {
-            std::printf("%ld ", memoireResidente());
+        if (demande.memoire) {
+            parcours.oublier(); // la mesure elle-même ne doit pas grandir
+            if (tour + 1 == kTours) {
+                std::printf("%ld ", memoireResidente());
+            }
         }
     }
     if (demande.memoire) {
