@@ -15,13 +15,6 @@ namespace essai {
 
 class Bibliotheque {
 public:
-    explicit Bibliotheque(const std::string& chemin = D2XX)
-        : lib_(::dlopen(chemin.c_str(), RTLD_NOW)) {}
-
-    bool chargee() const { return lib_ != nullptr; }
-
-    bool offre(const char* nom) const { return ::dlsym(lib_, nom) != nullptr; }
-
     template <class Fonction, class... Arguments>
     FT_STATUS appeler(const char* nom, Arguments... arguments) const {
         return reinterpret_cast<Fonction*>(::dlsym(lib_, nom))(arguments...);
@@ -75,7 +68,7 @@ public:
     FT_HANDLE poignee = nullptr;
 
 private:
-    void* lib_;
+    void* lib_ = ::dlopen(D2XX, RTLD_NOW);
 };
 
 inline d2xx::Reception reception() {

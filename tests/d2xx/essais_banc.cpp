@@ -106,15 +106,13 @@ TEST(Banc, LesInterrupteursChangentLesFaits) {
     mac.poserEtat("usb/un", "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
     mac.poserEtat("extensions_systeme", "*\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated enabled]\n");
     const Banc fenetre(QString::fromStdString(mac.reel("")));
-    cliquer(fenetre, "Émetteur A1B2C3");
-    EXPECT_TRUE(mac.existe("/etat/debranches/un"));
-    EXPECT_FALSE(mac.existe("/etat/usb/un"));
-    cliquer(fenetre, "Émetteur A1B2C3");
-    EXPECT_TRUE(mac.existe("/etat/usb/un"));
-    cliquer(fenetre, "Un autre logiciel tient l'émetteur");
-    EXPECT_TRUE(mac.existe("/etat/emetteur_occupe"));
-    cliquer(fenetre, "Un autre logiciel tient l'émetteur");
-    EXPECT_FALSE(mac.existe("/etat/emetteur_occupe"));
+    for (const bool rendu : {false, true}) {
+        cliquer(fenetre, "Émetteur A1B2C3");
+        EXPECT_EQ(mac.existe("/etat/usb/un"), rendu);
+        EXPECT_EQ(mac.existe("/etat/debranches/un"), !rendu);
+        cliquer(fenetre, "Un autre logiciel tient l'émetteur");
+        EXPECT_EQ(mac.existe("/etat/emetteur_occupe"), !rendu);
+    }
     cliquer(fenetre, "FTDIUSBSerialDextInstaller");
     EXPECT_TRUE(mac.lire("/etat/extensions_systeme").starts_with("*"))
         << "les Réglages sont fermés";
@@ -130,30 +128,22 @@ TEST(Banc, UnScenarioSansEmetteurPermetDEnBrancherUn) {
     const Fenetre qt;
     const Banc fenetre(QString::fromStdString(mac.reel("")));
     cliquer(fenetre, "Émetteur A1B2C3");
-    EXPECT_EQ(designation(QString::fromStdString(mac.lire("/etat/usb/emetteur-neuf"))),
-              "Émetteur A1B2C3");
+    EXPECT_TRUE(mac.lire("/etat/usb/emetteur-neuf").ends_with("serie A1B2C3\n"));
 }
 
-TEST(Banc, RendSonPortraitEtFinitAvecSaRacine) {
+TEST(Banc, RendSonPortraitEtFinitQuandOnLeLuiDemande) {
     const Mac mac;
-    const pid_t enfant = lancer(mac.reel(""));
-    const std::string image = mac.reel("/Users/portrait.png");
-    mac.poserEtat("demonstration/portrait_demande", image + "\n");
-    EXPECT_TRUE(attendre([&] { return !mac.existe("/etat/demonstration/portrait_demande"); }));
-    EXPECT_EQ(mac.lire("/Users/portrait.png").substr(1, 3), "PNG");
-    mac.retirer("/etat");
-    EXPECT_EQ(statutDeFin(enfant), 0);
-}
-
-TEST(Banc, FinitQuandOnLeLuiDemande) {
-    const Mac mac;
-    const pid_t enfant = lancer(mac.reel(""));
-    mac.poserEtat("banc_fin", "");
-    EXPECT_EQ(statutDeFin(enfant), 0);
-    mac.retirer("/etat/banc_fin");
-    const pid_t autre = lancer(mac.reel(""));
-    mac.poserEtat("demonstration/portrait_demande", mac.reel("/Users/p.png").string());
-    EXPECT_TRUE(attendre([&] { return mac.existe("/Users/p.png"); })) << "il tourne";
-    ::kill(autre, SIGTERM);
-    EXPECT_EQ(statutDeFin(autre), 0);
+    const std::vector<std::function<void(pid_t)>> fins{
+        [](pid_t enfant) { ::kill(enfant, SIGTERM); },
+        [&](pid_t) { mac.poserEtat("banc_fin", ""); }, [&](pid_t) { mac.retirer("/etat"); }};
+    for (const auto& finir : fins) {
+        mac.retirer("/etat/banc_fin");
+        mac.retirer("/Users/p.png");
+        const pid_t enfant = lancer(mac.reel(""));
+        mac.poserEtat("demonstration/portrait_demande", mac.reel("/Users/p.png").string() + "\n");
+        EXPECT_TRUE(attendre([&] { return !mac.existe("/etat/demonstration/portrait_demande"); }));
+        EXPECT_EQ(mac.lire("/Users/p.png").substr(1, 3), "PNG");
+        finir(enfant);
+        EXPECT_EQ(statutDeFin(enfant), 0);
+    }
 }

@@ -50,17 +50,9 @@ TEST(Releve, LaBibliothequeEcritLaFormeQueLeLecteurLit) {
     EXPECT_NE(texte.find(" write 513 00ffffffffffffff\n"), std::string::npos);
     const releve::Lecture lecture = releve::lire(texte);
     EXPECT_EQ(lecture.ligneFautive, 0U);
-    std::map<std::string_view, int> comptes;
-    for (const releve::Evenement& evenement : lecture.evenements) {
-        ++comptes[evenement.nom];
-    }
-    const std::map<std::string_view, int> attendus{
-        {"open", 2},   {"close", 2},      {"baud", 2},        {"break_on", 80}, {"break_off", 80},
-        {"write", 80}, {"write_end", 80}, {"cpu_process", 2}, {"cpu_thread", 2}};
-    EXPECT_EQ(comptes, attendus);
+    EXPECT_EQ(lecture.evenements.size(), 330U) << "quatre par trame, cinq par session";
     const releve::Chiffres chiffres = releve::calculer(lecture.evenements);
-    EXPECT_EQ(chiffres.coupees, 0U);
-    EXPECT_EQ(chiffres.echecs, 0U);
+    EXPECT_EQ(chiffres.coupees + chiffres.echecs, 0U);
     EXPECT_GE(chiffres.ruptureMin, 200);
 }
 
@@ -98,7 +90,7 @@ TEST(Releve, LesChiffresLaissentLaPremiereSeconde) {
     EXPECT_EQ(chiffres.coupees, 0U);
 }
 
-TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujours) {
+TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujoursEtUneSessionNEstPasUnePeriode) {
     Faux faux;
     faux.trame(0).trame(22'800).trame(60'000); // 200 + 125 + 513 × 44 = 22 897 µs
     faux.note(90'000, "break_on 0").note(120'000, "break_on 0").note(120'200, "write_fail 4");
@@ -106,13 +98,11 @@ TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujours) {
     EXPECT_EQ(chiffres.coupees, 1U);
     EXPECT_EQ(chiffres.echecs, 2U);
     EXPECT_TRUE(std::isnan(chiffres.periodeMoyenne));
-}
 
-TEST(Releve, UneNouvelleSessionNEstPasUneLonguePeriode) {
-    Faux faux;
-    faux.trame(0).trame(1'000'000).trame(1'030'000).note(1'060'000, "close 0");
-    faux.note(9'000'000, "open 0").trame(9'000'100).trame(9'030'100);
-    EXPECT_DOUBLE_EQ(faux.chiffres().periodeMoyenne, 30'000);
+    Faux deux;
+    deux.trame(0).trame(1'000'000).trame(1'030'000).note(1'060'000, "close 0");
+    deux.note(9'000'000, "open 0").trame(9'000'100).trame(9'030'100);
+    EXPECT_DOUBLE_EQ(deux.chiffres().periodeMoyenne, 30'000);
 }
 
 TEST(Releve, PlusieursPassagesDonnentLaMedianeDesCentiles) {
