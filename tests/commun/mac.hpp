@@ -26,19 +26,14 @@ inline std::string contenu(const std::filesystem::path& fichier) {
 
 class Mac {
 public:
-    explicit Mac(const std::string& scenario = "pret",
-                 const std::string& utilisateur = "Zoé du son") {
+    explicit Mac(const std::string& scenario = "pret") {
         std::string modele = std::filesystem::temp_directory_path() / "un mac été-XXXXXX";
         dossier_ = ::mkdtemp(modele.data());
         racine_ = dossier_ / "racine";
-        const std::string commande = std::string("'" CREER_MAC "' --scenario ") + scenario +
-                                     " --utilisateur '" + utilisateur + "' '" + racine_.string() +
-                                     "' >/dev/null";
-        if (std::system(commande.c_str()) != 0) {
-            ADD_FAILURE() << "le Mac simulé « " << scenario << " » ne se crée pas";
-        }
+        const std::string commande = "'" CREER_MAC "' --utilisateur 'Zoé du son' --scenario " +
+                                     scenario + " '" + racine_.string() + "' >/dev/null";
+        EXPECT_EQ(std::system(commande.c_str()), 0) << scenario << " ne se crée pas";
         ::setenv("LUMIVIA_MAC", racine_.c_str(), 1);
-        maison_ = "/Users/" + utilisateur;
     }
 
     Mac(const Mac&) = delete;
@@ -92,22 +87,21 @@ public:
 private:
     std::filesystem::path dossier_;
     std::filesystem::path racine_;
-    std::string maison_;
+    std::string maison_ = "/Users/Zoé du son";
 };
 
-// Vrai dès que le prédicat l'est, faux après la limite. La boucle de Qt tourne par `entretemps`.
+// Vrai dès que le prédicat l'est, faux après une demi-minute au moins. La boucle de Qt tourne par
+// `entretemps`.
 inline bool attendre(
-    const std::function<bool()>& predicat, const std::function<void()>& entretemps = [] {},
-    int limiteEnSecondes = 30) {
-    const auto limite = std::chrono::steady_clock::now() + std::chrono::seconds(limiteEnSecondes);
-    while (!predicat()) {
-        if (std::chrono::steady_clock::now() > limite) {
-            return false;
+    const std::function<bool()>& predicat, const std::function<void()>& entretemps = [] {}) {
+    for (int essai = 0; essai < 15000; ++essai) {
+        if (predicat()) {
+            return true;
         }
         entretemps();
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
-    return true;
+    return false;
 }
 
 } // namespace essai

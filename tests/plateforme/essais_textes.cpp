@@ -31,10 +31,6 @@ TEST(Ordre, EnFrancaisLesAccentsSuiventLeurLettre) {
     verifierOrdre("fr_FR.UTF-8", {"Émile", "Isadora", "ıris", "lightkey", "Lux", "Zoé"});
 }
 
-TEST(Ordre, EnTurcLISansPointVientAvantLAutre) {
-    verifierOrdre("tr_TR.UTF-8", {"Émile", "ıris", "Isadora", "lightkey", "Lux", "Zoé"});
-}
-
 TEST(ListeDeProprietes, SeRelitTelleQuelle) {
     const essai::Mac mac;
     const auto liste = plateforme::serialiserListe({{"un & <deux>", std::string(" \"é'🎉]]>\n ")},

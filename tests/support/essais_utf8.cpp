@@ -56,17 +56,13 @@ TEST(Utf8, UnOctetFautifSeVoitAToutePosition) {
 }
 
 TEST(Utf8, LesBlancsDUnicodeSeRognentAuxDeuxBouts) {
-    std::string tous;
     for (const std::string blanc :
          {"\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00A0", "\u1680",
           "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
           "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000"}) {
-        EXPECT_EQ(rogner(blanc + "é" + blanc + "é" + blanc), "é" + blanc + "é");
-        EXPECT_EQ(rogner(blanc), "");
-        tous += blanc;
+        EXPECT_EQ(rogner(blanc + " é" + blanc + "é\n" + blanc), "é" + blanc + "é");
+        EXPECT_EQ(rogner(blanc + blanc), "");
     }
-    EXPECT_EQ(rogner(tous + "Mac14,2" + tous), "Mac14,2");
-    EXPECT_EQ(rogner(tous), "");
     EXPECT_EQ(rogner(""), "");
     for (const std::string visible :
          {"\x08", "\x1F", "\u00AD", "\u180E", "\u200B", "\u2060", "\uFEFF"}) {
