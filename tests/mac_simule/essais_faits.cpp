@@ -36,24 +36,19 @@ TEST(Chemins, LePrefixeEstOteOuQueLeTexteSoitCoupe) {
     }
 }
 
-TEST(Redemarrage, CeQuiAQuitteLeDisqueNEstPlusCharge) {
-    const std::string lignes = "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
-                               "a.parti\t1\t/Library/Extensions/parti.kext\n"
-                               "a.la\t1\t/Library/Extensions/la.kext\n";
-    EXPECT_EQ(kextsApresRedemarrage(lignes,
-                                    [](const std::string& c) { return c.find("la.k") != c.npos; }),
-              "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
-              "a.la\t1\t/Library/Extensions/la.kext\n");
-}
-
-TEST(Redemarrage, LesExtensionsEnArretSArretent) {
+TEST(Redemarrage, CeQuiAQuitteLeDisqueEtLesExtensionsEnArretNeSontPlusCharges) {
+    const std::string reste = "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
+                              "a.la\t1\t/Library/Extensions/la.kext\n";
+    EXPECT_EQ(kextsApresRedemarrage(reste + "a.parti\t1\t/Library/Extensions/parti.kext\n",
+                                    [](const std::string& c) { return contient(c, "la.k"); }),
+              reste);
+    const std::string autre = "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n";
     EXPECT_EQ(
         extensionsApresRedemarrage(
             "\t\tT\tcom.ftdi.vcp.dext (1.1/0)\tN\t[terminated waiting to uninstall on reboot]\n"
-            "\t\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[terminating for disable but still running]\n"
-            "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n"),
-        "\t*\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[activated disabled]\n"
-        "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n");
+            "\t\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[terminating for disable but still running]\n" +
+            autre),
+        "\t*\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[activated disabled]\n" + autre);
 }
 
 namespace {

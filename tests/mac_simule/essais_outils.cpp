@@ -23,18 +23,13 @@ std::string faitDeLaForme(const std::string& texte) {
     return fait;
 }
 
-void retirer(const MacEssai& mac, const std::string& kext) {
-    fs::remove_all(mac.racine() / "Library/Extensions" / kext);
-}
-
 } // namespace
 
 TEST(Outils, SysctlRepondDApresEtat) {
     const MacEssai apple("complet");
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n hw.optional.arm64").sortie, "1\n");
-    EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n hw.model").sortie, "Mac14,2\n");
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n kern.boottime").sortie, apple.fait("demarrage"));
-    apple.poser("modele", "Mac16,1"); // une valeur tapée à la main, sans fin de ligne
+    apple.poserEtat("modele", "Mac16,1"); // une valeur tapée à la main, sans fin de ligne
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n hw.model").sortie, "Mac16,1\n");
 
     const MacEssai intel("ancien-macos");
@@ -47,7 +42,7 @@ TEST(Outils, KmutilInspectAvecEtSansExtension) {
     const MacEssai mac("complet");
     EXPECT_EQ(mac.outil("/usr/bin/kmutil inspect").sortie,
               forme("kmutil-inspect-avec-d2xxhelper.txt"));
-    mac.poser("kexts_charges", "");
+    mac.poserEtat("kexts_charges", "");
     EXPECT_EQ(mac.outil("/usr/bin/kmutil inspect").sortie,
               forme("kmutil-inspect-sans-d2xxhelper.txt"));
 }
@@ -56,28 +51,28 @@ TEST(Outils, KmutilReconstruitSelonLApprobationEtNeDechargeRien) {
     const MacEssai mac("complet");
     EXPECT_EQ(mac.outil("/usr/bin/kmutil rebuild").sortie,
               "Checking the auxiliary kernel collection...\nNo changes detected\n");
-    retirer(mac, "D2xxHelper.kext");
+    mac.retirer("/Library/Extensions/D2xxHelper.kext");
 
-    mac.poser("kmutil", "refuse\n");
+    mac.poserEtat("kmutil", "refuse\n");
     const Fini refus = mac.outil("/usr/bin/kmutil rebuild");
     EXPECT_EQ(refus.code, 250);
-    EXPECT_NE(refus.sortie.find("LocalAuthentication Code=-6"), std::string::npos);
-    mac.poser("kmutil", "muet\n");
+    EXPECT_TRUE(contient(refus.sortie, "LocalAuthentication Code=-6"));
+    mac.poserEtat("kmutil", "muet\n");
     const Fini muet = mac.outil("/usr/bin/kmutil rebuild");
-    EXPECT_EQ(muet.sortie.find("reboot is required"), std::string::npos);
-    EXPECT_EQ(muet.sortie.find("No changes"), std::string::npos);
+    EXPECT_FALSE(contient(muet.sortie, "reboot is required"));
+    EXPECT_FALSE(contient(muet.sortie, "No changes"));
 
-    mac.poser("kmutil", "confirme\n");
+    mac.poserEtat("kmutil", "confirme\n");
     EXPECT_EQ(mac.outil("/usr/bin/kmutil rebuild").sortie, forme("kmutil-rebuild-retrait.txt"));
     EXPECT_EQ(mac.fait("kexts_charges"), kD2xx);
-    EXPECT_NE(mac.outil("/usr/bin/kmutil rebuild").sortie.find("No changes"), std::string::npos);
+    EXPECT_TRUE(contient(mac.outil("/usr/bin/kmutil rebuild").sortie, "No changes"));
 }
 
 TEST(Outils, KmutilChangeAvecLaVersion) {
     const MacEssai mac("complet");
     const auto nommeRebuild = [&](const std::string& version) {
-        mac.poser("version", version + "\n");
-        return mac.outil("/usr/bin/kmutil help").sortie.find("rebuild") != std::string::npos;
+        mac.poserEtat("version", version + "\n");
+        return contient(mac.outil("/usr/bin/kmutil help").sortie, "rebuild");
     };
     EXPECT_FALSE(nommeRebuild("11.3.1"));
     EXPECT_EQ(mac.outil("/usr/bin/kmutil rebuild").code, 64);
@@ -87,22 +82,18 @@ TEST(Outils, KmutilChangeAvecLaVersion) {
     EXPECT_TRUE(nommeRebuild("13.0"));
     const Fini kdk = mac.outil("/usr/bin/kmutil install --update-all");
     EXPECT_NE(kdk.code, 0);
-    EXPECT_EQ(
-        kdk.sortie.rfind("Missing Developer Kit: As of macOS 13.0, you will need to install a "
-                         "KDK matching your build",
-                         0),
-        0U);
+    EXPECT_TRUE(contient(kdk.sortie, "Missing Developer Kit: As of macOS 13.0"));
     EXPECT_EQ(mac.outil("/usr/bin/kmutil imprevu").code, 64);
 }
 
 TEST(Outils, KextstatALaFormeDeMacos1015) {
     const MacEssai mac("ancien-macos");
-    mac.poser("kexts_charges", "");
+    mac.poserEtat("kexts_charges", "");
     std::string attendu = forme("kextstat-macos10.15-ftdi.txt");
     const auto serie = attendu.find("  161 ");
     attendu.erase(serie, attendu.find('\n', serie) + 1 - serie);
     EXPECT_EQ(mac.outil("/usr/sbin/kextstat").sortie, attendu);
-    mac.poser("kexts_charges", kD2xx);
+    mac.poserEtat("kexts_charges", kD2xx);
     EXPECT_NE(mac.outil("/usr/sbin/kextstat")
                   .sortie.find("\n  211    0 0xffffff7f83200000 0x1000     0x1000     "
                                "com.FTDI.driver.D2xxHelper (2.0.0) "
@@ -116,14 +107,11 @@ TEST(Outils, SystemextensionsctlALesFormesDeMacos14Et15) {
     const MacEssai mac("extension-seule");
     EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl list").sortie,
               forme("sysext-ftdi-actif-macos15.txt"));
-    mac.poser("version", "15.1\n");
     for (const char* nom :
          {"sysext-aucune.txt", "sysext-sans-ftdi.txt", "sysext-ftdi-desactive-macos15.txt",
           "sysext-ftdi-arret-en-cours.txt", "sysext-ftdi-deux-lignes-macos14.txt"}) {
-        if (std::string(nom).find("macos14") != std::string::npos) {
-            mac.poser("version", "14.5.0\n");
-        }
-        mac.poser("extensions_systeme", faitDeLaForme(forme(nom)));
+        mac.poserEtat("version", contient(nom, "macos14") ? "14.5.0\n" : "15.1\n");
+        mac.poserEtat("extensions_systeme", faitDeLaForme(forme(nom)));
         EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl list").sortie, forme(nom)) << nom;
     }
     EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl imprevu").code, 64);
@@ -135,19 +123,15 @@ TEST(Outils, OpenRevientAussitotOuDitPourquoi) {
     EXPECT_EQ(mac.outil("/usr/bin/open '" + adresse + "'").code, 0);
     EXPECT_EQ(mac.fait("reglages_ouverts"), adresse + "\n");
 
-    const fs::path contenu = mac.racine() / "Applications/L Essai.app/Contents";
-    fs::create_directories(contenu / "MacOS");
-    mac_simule::ecrireFichier(contenu / "Info.plist",
-                              "<dict>\n<key>CFBundleExecutable</key>\n<string>le prog</string>\n");
+    const std::string paquet = "/Applications/L Essai.app/Contents/";
+    mac.poser(paquet + "Info.plist",
+              "<dict>\n<key>CFBundleExecutable</key>\n<string>le prog</string>\n");
     EXPECT_EQ(mac.outil("/usr/bin/open '/Applications/L Essai.app'").code, 1);
-    mac_simule::ecrireFichier(
-        contenu / "MacOS/le prog",
-        "#!/bin/sh\nsleep 1\nprintf '%s' \"$LUMIVIA_MAC\" >\"$LUMIVIA_MAC/vu\"");
-    fs::permissions(contenu / "MacOS/le prog", fs::perms(0755));
+    mac.poserOutil(paquet + "MacOS/le prog",
+                   "sleep 1; printf '%s' \"$LUMIVIA_MAC\" >\"$LUMIVIA_MAC/vu\"");
     EXPECT_EQ(mac.outil("/usr/bin/open '/Applications/L Essai.app'").code, 0);
     EXPECT_FALSE(mac.existe("/vu")); // détaché : open n'a pas attendu
-    EXPECT_TRUE(attendre(
-        [&] { return mac_simule::lireFichier(mac.racine() / "vu") == mac.racine().string(); }));
+    EXPECT_TRUE(attendre([&] { return mac.lire("/vu") == mac.racine(); }));
 
     for (const char* refus : {"-a Inconnu /Users/x", "-a Terminal /Users/absent",
                               "/Applications/A.app", "https://exemple.fr", "/etc/passwd", ""}) {
@@ -159,8 +143,8 @@ TEST(Outils, OpenRevientAussitotOuDitPourquoi) {
 
 TEST(Outils, OsascriptFermeLesFenetresDontLeNomContientLeTexte) {
     const MacEssai mac("pret");
-    mac.poser("fenetres/1", "retirer-ancien-pilote.command\n");
-    mac.poser("fenetres/2", "autre.command\n");
+    mac.poserEtat("fenetres/1", "retirer-ancien-pilote.command\n");
+    mac.poserEtat("fenetres/2", "autre.command\n");
     EXPECT_EQ(
         mac.outil("/usr/bin/osascript -e 'tell application \"Terminal\"' -e 'close (every window "
                   "whose name contains \"retirer-ancien-pilote\")' -e 'end tell'")
@@ -176,7 +160,6 @@ TEST(Outils, SudoSansTerminalRefuse) {
     const Fini refus =
         lancer("setsid -w " + cite(mac.racine() / "usr/bin/sudo") + " -p x echo non");
     EXPECT_EQ(refus.code, 1);
-    EXPECT_NE(refus.sortie.find("sudo: a terminal is required to read the password"),
-              std::string::npos);
-    EXPECT_EQ(refus.sortie.find("non\n"), std::string::npos);
+    EXPECT_TRUE(contient(refus.sortie, "sudo: a terminal is required to read the password"));
+    EXPECT_FALSE(contient(refus.sortie, "non\n"));
 }

@@ -38,47 +38,22 @@ TEST(Scenario, SeLitCleParCle) {
     EXPECT_EQ(s.gestes.at(0).bouton, "Plus tard");
     EXPECT_EQ(s.frappe, std::vector<std::string>{"x"});
     EXPECT_TRUE(s.terminalFerme);
-    EXPECT_FALSE(s.relanceImpossible);
-}
-
-TEST(Scenario, SansFrappeLaPersonneTapeLeBonMotDePasse) {
-    const auto lu = lireScenario("mot_de_passe deux mots\n");
-    EXPECT_EQ(std::get<Scenario>(lu).frappe, std::vector<std::string>{"deux mots"});
+    const auto autre = lireScenario("mot_de_passe deux mots\n");
+    EXPECT_EQ(std::get<Scenario>(autre).frappe, std::vector<std::string>{"deux mots"});
 }
 
 TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
     EXPECT_EQ(erreurDe("# x\nversoin 14\n"), "ligne 2 : la clé « versoin » est inconnue");
     EXPECT_EQ(erreurDe("puce apple\npuce apple"), "ligne 2 : la clé « puce » est déjà donnée");
-    for (const char* ligne : {"version",
-                              "version 14",
-                              "version 14.",
-                              "version 14.5.",
-                              "version a.b",
-                              "version 14.5.0.1",
-                              "version 99999.1",
-                              "version 14. 5",
-                              "puce arm",
-                              "modele",
-                              "utilisateur ../x",
-                              "utilisateur d'été",
-                              "utilisateur .x",
-                              "emetteur_nombre x",
-                              "peripherique 0x403 0x6001",
-                              "kext .kext",
-                              "kext a/b.kext",
-                              "kext D2xx",
-                              "charge a 1",
-                              "charge a 1 x",
-                              "extension_ftdi oui",
-                              "kmutil",
-                              "puce_dmx x",
-                              "vitesse_horloge 0",
-                              "vitesse_horloge -1",
-                              "terminal_ferme oui",
-                              "geste Page",
-                              "geste | Bouton",
-                              "fin",
-                              "fin a\x01"}) {
+    std::istringstream fautes(
+        "version;version 14;version 14.;version 14.5.;version a.b;version 14.5.0.1;"
+        "version 99999.1;version 14. 5;puce arm;modele;utilisateur ../x;"
+        "utilisateur d'été;utilisateur .x;emetteur_nombre x;"
+        "peripherique 0x403 0x6001;kext .kext;kext a/b.kext;kext D2xx;charge a 1;"
+        "charge a 1 x;extension_ftdi oui;kmutil;puce_dmx x;vitesse_horloge 0;"
+        "vitesse_horloge -1;terminal_ferme oui;geste Page;geste | Bouton;fin;"
+        "fin a\x01");
+    for (std::string ligne; std::getline(fautes, ligne, ';');) {
         EXPECT_NE(erreurDe(ligne), "") << ligne;
     }
 }
@@ -123,23 +98,19 @@ TEST(CreerMac, TousLesScenariosSontDecritsEtSeCreent) {
 
 TEST(CreerMac, UnMacNeufALesFaitsEtLesDossiersDuScenario) {
     const MacEssai mac("complet");
-    EXPECT_EQ(mac.fait("version"), "14.5.0\n");
-    EXPECT_EQ(mac.fait("utilisateur"), "Régie d été\n");
+    EXPECT_EQ(mac.fait("utilisateur"), "Zoé du son\n");
     EXPECT_EQ(mac.fait("usb/emetteur-1"), "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
     EXPECT_TRUE(mac.existe("/Library/Extensions/FTDIKext.kext/Contents/Info.plist"));
-    EXPECT_TRUE(fs::is_directory(mac.maison() / "Library/Logs"));
-    EXPECT_FALSE(fs::exists(mac.maison() / "Library/LaunchAgents"));
-    EXPECT_TRUE(
-        fs::is_regular_file(MacEssai("relance-impossible").maison() / "Library/LaunchAgents"));
+    EXPECT_TRUE(mac.existe(mac.maison() + "/Library/Logs"));
+    EXPECT_FALSE(mac.existe(mac.maison() + "/Library/LaunchAgents"));
     EXPECT_FALSE(MacEssai("ancien-macos").existe("/usr/bin/kmutil"));
 }
 
 TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
-    const DossierEssai dossier;
-    const fs::path& d = dossier.chemin();
-    fs::create_directory(d / "plein");
-    ecrireFichier(d / "plein/x", "");
-    ecrireFichier(d / "faux.scenario", "puce arm\n");
+    const MacEssai hote("pret"); // pour son dossier, que l'essai emporte à sa fin
+    const fs::path d = hote.reel("/essai été");
+    hote.poser("/essai été/plein/x", "");
+    hote.poser("/essai été/faux.scenario", "puce arm\n");
     const std::string ici = " --scenarios " + cite(d);
     for (const auto& [suite, phrase] : std::initializer_list<std::pair<std::string, std::string>>{
              {"--scenario inconnu " + cite(d / "m"), "n'existe pas"},
@@ -156,20 +127,13 @@ TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
              {"--verifier " + cite(d), "n'est pas un Mac"}}) {
         const Fini refus = lancer(cite(CREER_MAC) + " " + suite);
         EXPECT_EQ(refus.code, 2) << suite;
-        EXPECT_NE(refus.sortie.find(phrase), std::string::npos) << refus.sortie;
+        EXPECT_TRUE(contient(refus.sortie, phrase)) << refus.sortie;
     }
+    // Un échec en cours de route ne laisse rien : ici un fichier tient la place d'un dossier.
+    hote.poser("/outils/Library", "");
+    hote.poser("/outils/usr/x", "");
+    const Fini refus = lancer(cite(CREER_MAC) + " --scenario pret --outils " +
+                              cite(hote.reel("/outils")) + " " + cite(d / "m"));
+    EXPECT_EQ(refus.code, 2) << refus.sortie;
     EXPECT_EQ(lancer("ls -A " + cite(d)).sortie, "faux.scenario\nplein\n");
-}
-
-TEST(CreerMac, UnEchecEnCoursDeRouteNeLaisseRien) {
-    const DossierEssai dossier;
-    const fs::path outils = dossier.chemin() / "outils";
-    fs::create_directories(outils / "usr");
-    ecrireFichier(outils / "Library", ""); // un fichier à la place d'un dossier à créer
-    const fs::path mac = dossier.chemin() / "ici/mac";
-    fs::create_directory(mac.parent_path());
-    const Fini refus =
-        lancer(cite(CREER_MAC) + " --scenario pret --outils " + cite(outils) + " " + cite(mac));
-    EXPECT_EQ(refus.code, 2);
-    EXPECT_TRUE(fs::is_empty(mac.parent_path()));
 }

@@ -1,18 +1,15 @@
-// Un Mac simulé pour un essai, dans un dossier temporaire au nom plein d'espaces et d'accents.
+// Un Mac simulé dont les essais lancent les programmes, sans que rien ne passe par leur propre
+// environnement.
 #pragma once
 
-#include "mac_simule/racine/etat.hpp"
+#include "commun/mac.hpp"
 
 #include <array>
-#include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <functional>
-#include <gtest/gtest.h>
-#include <string>
 #include <sys/wait.h>
-#include <thread>
+
+using essai::attendre;
+using essai::contenu;
 
 struct Fini {
     std::string sortie; // les deux flux
@@ -21,6 +18,10 @@ struct Fini {
 
 inline std::string cite(const std::string& mot) {
     return "'" + mot + "'";
+}
+
+inline bool contient(const std::string& texte, const std::string& morceau) {
+    return texte.find(morceau) != std::string::npos;
 }
 
 inline Fini lancer(const std::string& commande) {
@@ -35,86 +36,32 @@ inline Fini lancer(const std::string& commande) {
     return fini;
 }
 
-inline bool attendre(const std::function<bool()>& predicat, int secondes = 30) {
-    const auto limite = std::chrono::steady_clock::now() + std::chrono::seconds(secondes);
-    while (!predicat()) {
-        if (std::chrono::steady_clock::now() > limite) {
-            return false;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return true;
-}
-
 inline std::string forme(const std::string& nom) {
-    return mac_simule::lireFichier(FORMES + nom);
+    return contenu(FORMES + nom);
 }
 
-class DossierEssai {
+class MacEssai : public essai::Mac {
 public:
-    DossierEssai() {
-        std::string modele = "/tmp/essai mac été-XXXXXX";
-        chemin_ = mkdtemp(modele.data());
-    }
+    explicit MacEssai(const std::string& scenario) : Mac(scenario) { ::unsetenv("LUMIVIA_MAC"); }
 
-    ~DossierEssai() {
-        std::error_code ignoree; // un reste sous /tmp n'invalide pas l'essai
-        std::filesystem::remove_all(chemin_, ignoree);
-    }
-
-    DossierEssai(const DossierEssai&) = delete;
-    DossierEssai& operator=(const DossierEssai&) = delete;
-
-    const std::filesystem::path& chemin() const { return chemin_; }
-
-private:
-    std::filesystem::path chemin_;
-};
-
-class MacEssai {
-public:
-    explicit MacEssai(const std::string& scenario, const std::string& utilisateur = "Régie d été")
-        : racine_(dossier_.chemin() / "le mac"), utilisateur_(utilisateur) {
-        const Fini cree = lancer(cite(CREER_MAC) + " --scenario " + scenario + " --utilisateur " +
-                                 cite(utilisateur) + " " + cite(racine_));
-        EXPECT_EQ(cree.code, 0) << cree.sortie;
-    }
-
-    const std::filesystem::path& racine() const { return racine_; }
-
-    std::filesystem::path maison() const { return racine_ / "Users" / utilisateur_; }
+    std::filesystem::path racine() const { return reel(""); }
 
     Fini outil(const std::string& commande) const {
         const auto fin = std::min(commande.find(' '), commande.size());
-        return lancer(cite(racine_.string() + commande.substr(0, fin)) + commande.substr(fin));
+        return lancer(cite(reel(commande.substr(0, fin))) + commande.substr(fin));
     }
 
-    std::string fait(const std::string& nom) const {
-        return mac_simule::lireFichier(racine_ / "etat" / nom);
-    }
-
-    void poser(const std::string& nom, const std::string& contenu) const {
-        ASSERT_TRUE(mac_simule::ecrireFichier(racine_ / "etat" / nom, contenu));
-    }
-
-    bool existe(const std::string& chemin) const {
-        return std::filesystem::exists(racine_.string() + chemin);
-    }
+    std::string fait(const std::string& nom) const { return lire("/etat/" + nom); }
 
     // Vrai quand le dossier courant d'un processus est dans la racine.
     bool habite() const {
         std::error_code partis; // un processus peut finir pendant la lecture
         for (const auto& entree : std::filesystem::directory_iterator("/proc", partis)) {
             const auto ou = std::filesystem::read_symlink(entree.path() / "cwd", partis).string();
-            if (ou.rfind(racine_.string(), 0) == 0) {
+            if (ou.rfind(racine().string(), 0) == 0) {
                 return true;
             }
         }
         return false;
     }
-
-private:
-    DossierEssai dossier_;
-    std::filesystem::path racine_;
-    std::string utilisateur_;
 };
