@@ -31,23 +31,17 @@ class Executable(unittest.TestCase):
             self.assertEqual(tranche.minimum, MINIMUMS[puce], puce)
             self.assertTrue(tranche.options & 0x200000, f"{puce} : adresse fixe")
 
-    def test_ne_se_lie_qu_aux_bibliotheques_du_systeme(self):
-        attendues = {chemin for _, chemin, *_ in table("bibliotheques.txt")}
-        for tranche in self.tranches.values():
-            self.assertEqual(set(tranche.bibliotheques), attendues)
-            self.assertEqual(tranche.autres_liens, [])
-
-    def test_importe_exactement_les_symboles_de_la_table(self):
+    def test_importe_exactement_ce_que_disent_les_tables(self):
         chemins = {nom: chemin for nom, chemin, *_ in table("bibliotheques.txt")}
         connus = {nom: chemins[bibliotheque] for nom, bibliotheque, _ in table("symboles.txt")}
         employes = set()
         for tranche in self.tranches.values():
+            self.assertEqual(set(tranche.bibliotheques), set(chemins.values()))
+            self.assertEqual(tranche.autres_liens, [])
             importes = {nom: ou for nom, importe, ou in tranche.symboles() if importe}
             self.assertEqual(importes, {n: connus.get(n, "absent de la table") for n in importes})
             employes |= set(importes)
         self.assertEqual(set(connus) - employes, set(), "symboles de la table qui ne servent pas")
-
-    def test_n_importe_rien_de_plus_recent_que_la_version_minimale(self):
         for nom, _, depuis in table("symboles.txt"):
             version = tuple(int(n) for n in depuis.split("."))[:2]
             self.assertLessEqual(version, MINIMUMS["x86_64"], nom)
@@ -61,14 +55,12 @@ class Executable(unittest.TestCase):
             internes = [nom for nom, importe, _ in tranche.symboles() if not importe]
             self.assertLessEqual(set(internes), {"__mh_execute_header"})
 
-    def test_garde_une_signature_valide_pour_la_puce_Apple(self):
+    def test_tient_en_un_mega_octet_et_demi_avec_une_signature_valide_pour_la_puce_Apple(self):
+        self.assertLessEqual(EXECUTABLE.stat().st_size, 1_500_000)
         identifiant, options, fautes = self.tranches["arm64"].repertoire_de_code()
         self.assertEqual(identifiant, "Assistant Lumivia")
         self.assertTrue(options & OPTION_AD_HOC)
         self.assertEqual(fautes, [])
-
-    def test_tient_en_un_mega_octet_et_demi(self):
-        self.assertLessEqual(EXECUTABLE.stat().st_size, 1_500_000)
 
 
 if __name__ == "__main__":

@@ -11,10 +11,6 @@ LC_SYMTAB, LC_DYLIB, LC_SEGMENT_64, LC_SIGNATURE, LC_BUILD = 0x2, 0xC, 0x19, 0x1
 LC_AUTRES_LIENS = {0x80000018, 0x8000001F, 0x20, 0x8000001C}  # faible, réexport, différé, rpath
 
 
-def version(nombre):
-    return (nombre >> 16, nombre >> 8 & 255)
-
-
 def chaine(octets, debut):
     return octets[debut:octets.index(b"\0", debut)].decode()
 
@@ -38,7 +34,7 @@ class Tranche:
     def _lire(self, commande, position):
         champs = struct.unpack_from("<6I", self.octets, position)
         if commande == LC_BUILD:
-            self.plateforme, self.minimum, self.sdk = champs[2], version(champs[3]), champs[4]
+            self.plateforme, self.minimum = champs[2], (champs[3] >> 16, champs[3] >> 8 & 255)
         elif commande == LC_DYLIB:
             self.bibliotheques.append(chaine(self.octets, position + champs[2]))
         elif commande in LC_AUTRES_LIENS:
@@ -65,9 +61,8 @@ class Tranche:
             nom, genre, _, description, _ = struct.unpack_from(
                 "<IBBHQ", self.octets, debut + rang * 16)
             importe = genre & 0x0E == 0
-            rang_bibliotheque = description >> 8
             yield (chaine(self.octets, textes + nom), importe,
-                   self.bibliotheques[rang_bibliotheque - 1] if importe else None)
+                   self.bibliotheques[(description >> 8) - 1] if importe else None)
 
     def selecteurs(self):
         """Les sélecteurs que le code envoie."""
