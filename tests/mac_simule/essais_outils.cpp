@@ -94,11 +94,8 @@ TEST(Outils, KextstatALaFormeDeMacos1015) {
     attendu.erase(serie, attendu.find('\n', serie) + 1 - serie);
     EXPECT_EQ(mac.outil("/usr/sbin/kextstat").sortie, attendu);
     mac.poserEtat("kexts_charges", kD2xx);
-    EXPECT_NE(mac.outil("/usr/sbin/kextstat")
-                  .sortie.find("\n  211    0 0xffffff7f83200000 0x1000     0x1000     "
-                               "com.FTDI.driver.D2xxHelper (2.0.0) "
-                               "00000000-0000-0000-0000-000000000000 <5 3 1>\n"),
-              std::string::npos);
+    EXPECT_TRUE(
+        contient(mac.outil("/usr/sbin/kextstat").sortie, "com.FTDI.driver.D2xxHelper (2.0.0) "));
     EXPECT_EQ(mac.outil("/usr/sbin/kextcache -i /").code, 0);
     EXPECT_NE(mac.outil("/usr/sbin/kextcache").code, 0);
 }
@@ -139,27 +136,4 @@ TEST(Outils, OpenRevientAussitotOuDitPourquoi) {
         EXPECT_EQ(fini.code, 1) << refus;
         EXPECT_NE(fini.sortie, "");
     }
-}
-
-TEST(Outils, OsascriptFermeLesFenetresDontLeNomContientLeTexte) {
-    const MacEssai mac("pret");
-    mac.poserEtat("fenetres/1", "retirer-ancien-pilote.command\n");
-    mac.poserEtat("fenetres/2", "autre.command\n");
-    EXPECT_EQ(
-        mac.outil("/usr/bin/osascript -e 'tell application \"Terminal\"' -e 'close (every window "
-                  "whose name contains \"retirer-ancien-pilote\")' -e 'end tell'")
-            .code,
-        0);
-    EXPECT_FALSE(mac.existe("/etat/fenetres/1"));
-    EXPECT_TRUE(mac.existe("/etat/fenetres/2"));
-    EXPECT_EQ(mac.outil("/usr/bin/osascript -e 'beep'").code, 1);
-}
-
-TEST(Outils, SudoSansTerminalRefuse) {
-    const MacEssai mac("pret");
-    const Fini refus =
-        lancer("setsid -w " + cite(mac.racine() / "usr/bin/sudo") + " -p x echo non");
-    EXPECT_EQ(refus.code, 1);
-    EXPECT_TRUE(contient(refus.sortie, "sudo: a terminal is required to read the password"));
-    EXPECT_FALSE(contient(refus.sortie, "non\n"));
 }

@@ -96,16 +96,6 @@ TEST(CreerMac, TousLesScenariosSontDecritsEtSeCreent) {
     EXPECT_GE(nombre, 12);
 }
 
-TEST(CreerMac, UnMacNeufALesFaitsEtLesDossiersDuScenario) {
-    const MacEssai mac("complet");
-    EXPECT_EQ(mac.fait("utilisateur"), "Zoé du son\n");
-    EXPECT_EQ(mac.fait("usb/emetteur-1"), "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
-    EXPECT_TRUE(mac.existe("/Library/Extensions/FTDIKext.kext/Contents/Info.plist"));
-    EXPECT_TRUE(mac.existe(mac.maison() + "/Library/Logs"));
-    EXPECT_FALSE(mac.existe(mac.maison() + "/Library/LaunchAgents"));
-    EXPECT_FALSE(MacEssai("ancien-macos").existe("/usr/bin/kmutil"));
-}
-
 TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
     const MacEssai hote("pret"); // pour son dossier, que l'essai emporte à sa fin
     const fs::path d = hote.reel("/essai été");
