@@ -112,7 +112,12 @@ Seance::~Seance() {
     std::error_code ignoree; // osascript a pu l'effacer
     fs::remove(fenetre_, ignoree);
     if (maitre_ >= 0) {
-        close(maitre_); // le script reçoit SIGHUP s'il tourne encore
+        // Le script d'abord, s'il tient encore le premier plan : zsh diffère parfois SIGHUP le
+        // temps d'une commande, et écrirait un résultat que la fenêtre fermée devait empêcher.
+        if (const pid_t zsh = tcgetpgrp(maitre_); zsh > 0 && zsh != meneur_) {
+            kill(zsh, SIGKILL);
+        }
+        close(maitre_); // ce qu'il a lancé reçoit SIGHUP
     }
     if (meneur_ > 0) {
         waitpid(meneur_, nullptr, 0);
