@@ -73,10 +73,10 @@ mesurer_pages() {
     tours=$(tours 60 200)
     {
         sur sans-script "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" -- \
-            Continuer Retirer Réessayer Retour
-        sur pret "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" Continuer -- \
-            Non "Refaire le test"
-    } >"$travail/pages"
+            Continuer Retirer Réessayer Retour &&
+            sur pret "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" Continuer -- \
+                Non "Refaire le test"
+    } >"$travail/pages" || echouer "le parcours des pages n'est pas allé au bout."
     cut -d ' ' -f 2- "$travail/pages" | LC_ALL=C sort -u | while read -r titre; do
         printf '%s %s\n' "$(awk -v t="$titre" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d }' \
             "$travail/pages" | quantile 0.5)" "$titre"
@@ -102,8 +102,10 @@ mesurer_memoire() {
     local cent dix_mille
     alterner "$(tours 5 11)" memoire_assistant memoire_nue "$travail/memoire"
     ligne_rapport "Mémoire au repos / fenêtre nue, avec un émoji" "$travail/memoire" 1024 Mo 3 ≤ 1.15
-    read -r cent dix_mille < <(sur pret "$programmes/pages/mesure_pages" memoire 10000 \
-        "Analyser mon Mac" Continuer -- Non "Refaire le test")
+    sur pret "$programmes/pages/mesure_pages" memoire 10000 "Analyser mon Mac" Continuer -- \
+        Non "Refaire le test" >"$travail/memoire-pages" ||
+        echouer "les 10 000 pages ne sont pas allées au bout."
+    read -r cent dix_mille <"$travail/memoire-pages"
     echo "$dix_mille $cent $(awk -v a="$dix_mille" -v b="$cent" 'BEGIN { print a / b }')" \
         >"$travail/pages-memoire"
     ligne_rapport "Mémoire après 10 000 pages et 5 000 lignes de journal / après 100 pages" "$travail/pages-memoire" 1024 Mo 3 ≤ 1.02

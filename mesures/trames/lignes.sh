@@ -6,7 +6,8 @@
 
 # Trames : la session de l'assistant et la boucle nue, l'une après l'autre, chacune son relevé.
 relever() { # Mac, nom du relevé, commande…
-    LUMIVIA_MAC=$travail/$1 LUMIVIA_RELEVE_DMX=$travail/$2.dmx "${@:3}"
+    LUMIVIA_MAC=$travail/$1 LUMIVIA_RELEVE_DMX=$travail/$2.dmx "${@:3}" ||
+        echouer "le relevé « $2 » n'est pas allé au bout."
 }
 chiffre() { sed -n "s/^$2=//p" "$travail/$1.chiffres"; }
 
