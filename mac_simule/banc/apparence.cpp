@@ -52,7 +52,7 @@ const Couleurs& couleurs() {
     return (estSombre(QApplication::palette()) ? sombre() : claire()).couleurs;
 }
 
-void habiller(QApplication& application) {
+void habiller() {
     const QString voulue = qEnvironmentVariable("LUMIVIA_APPARENCE");
     const bool enSombre =
         voulue.isEmpty() ? estSombre(QApplication::palette()) : voulue == "sombre";
@@ -70,7 +70,7 @@ void habiller(QApplication& application) {
     QFont police;
     police.setFamilies({"Inter", "Noto Color Emoji"});
     police.setPixelSize(13);
-    application.setFont(police);
+    QApplication::setFont(police);
 }
 
 QLabel* etiquette(Ton ton, const QString& texte) {

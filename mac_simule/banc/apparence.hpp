@@ -4,7 +4,6 @@
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 
-class QApplication;
 class QLabel;
 class QString;
 
@@ -24,7 +23,7 @@ struct Couleurs {
 
 // Style, police et palette de toute l'application. LUMIVIA_APPARENCE (clair, sombre) l'emporte sur
 // le bureau.
-void habiller(QApplication& application);
+void habiller();
 
 const Couleurs& couleurs();
 

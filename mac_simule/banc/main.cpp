@@ -33,7 +33,7 @@ int main(int nombre, char** arguments) {
     }
     QApplication application(nombre, arguments);
     ecouterLaFin(application);
-    banc::habiller(application);
+    banc::habiller();
     banc::Banc fenetre(QString::fromLocal8Bit(arguments[1]));
     fenetre.show();
     return QApplication::exec();
