@@ -1,8 +1,5 @@
-/* Le nombre d'allocations de mémoire que le processus a faites depuis son départ. */
+/* Le nombre d'allocations de mémoire que le processus a faites depuis son départ. En C : le C++
+   l'inclut dans un bloc extern "C". */
 #pragma once
 
-#ifdef __cplusplus
-extern "C"
-#endif
-    long
-    nombreDAllocations(void);
+long nombreDAllocations(void);

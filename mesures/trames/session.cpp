@@ -6,12 +6,15 @@
 // motif, puis « allocations <nombre> » : celles de tout le processus, une fois en régime.
 #include "dmx/test_dmx.hpp"
 #include "mesures/commun/duree.h"
-#include "mesures/trames/compteur_allocations.h"
 #include "plateforme/boucle.hpp"
 
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
+
+extern "C" {
+#include "mesures/trames/compteur_allocations.h"
+}
 
 namespace {
 
