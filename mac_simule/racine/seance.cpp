@@ -114,7 +114,8 @@ Seance::~Seance() {
     if (maitre_ >= 0) {
         // Le script d'abord, s'il tient encore le premier plan : zsh diffère parfois SIGHUP le
         // temps d'une commande, et écrirait un résultat que la fenêtre fermée devait empêcher.
-        if (const pid_t zsh = tcgetpgrp(maitre_); zsh > 0 && zsh != meneur_) {
+        if (const pid_t zsh = tcgetpgrp(maitre_);
+            zsh > 0 && zsh != meneur_ && getsid(zsh) == meneur_) {
             kill(zsh, SIGKILL);
         }
         close(maitre_); // ce qu'il a lancé reçoit SIGHUP
