@@ -18,13 +18,14 @@ struct Teintes {
     const char* enfonce;
     const char* accent;
     const char* accentEnfonce;
+    const char* anneau;
 };
 
 // Contraste du texte secondaire sur la fenêtre : 5,5 au moins dans les deux apparences.
 constexpr Teintes kClaires{"#f3f3f4", "#ffffff", "#1d1d1f", "#5d5d63", "#ffffff",
-                           "#c4c4c8", "#e4e4e6", "#0a66d8", "#0850ab"};
-constexpr Teintes kSombres{"#28282a", "#1e1e20", "#f4f4f5", "#adadb3", "#48484b",
-                           "#5c5c60", "#3a3a3d", "#0a66d8", "#0850ab"};
+                           "#c4c4c8", "#e4e4e6", "#0a66d8", "#0850ab", "#0a66d8"};
+constexpr Teintes kSombres{"#28282a", "#343437", "#f4f4f5", "#adadb3", "#48484b",
+                           "#5c5c60", "#3a3a3d", "#0a66d8", "#0850ab", "#6cb2ff"};
 
 bool estSombre(const QPalette& palette) {
     return palette.color(QPalette::Window).lightness() < 128;
@@ -48,7 +49,7 @@ CouleursBouton couleursBouton(bool parDefaut, bool enfonce) {
         return {fond, fond, QColor("#ffffff"), QColor("#ffffff")};
     }
     return {QColor(enfonce ? t.enfonce : t.bouton), QColor(t.bordBouton), QColor(t.texte),
-            QColor(t.accent)};
+            QColor(t.anneau)};
 }
 
 QPalette paletteAssistant(const QPalette& bureau) {

@@ -5,6 +5,7 @@
 #include "plateforme/linux/demonstration.hpp"
 #include "plateforme/linux/fenetre_qt.hpp"
 #include "plateforme/linux/file_principale.hpp"
+#include "plateforme/linux/style.hpp"
 
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
@@ -73,7 +74,7 @@ QApplication& applicationQt() {
         static char nom[] = "Assistant Lumivia";
         static char* arguments[] = {nom, nullptr};
         QApplication::setApplicationName(QString::fromLatin1(nom));
-        QApplication::setStyle(QStringLiteral("Fusion"));
+        QApplication::setStyle(new StyleAssistant);
         auto* creee = new QApplication(nombre, arguments);
         // Fermer la fenêtre passe par le délégué, comme sur un Mac.
         QApplication::setQuitOnLastWindowClosed(false);

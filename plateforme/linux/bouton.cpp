@@ -1,9 +1,9 @@
 #include "plateforme/linux/apparence.hpp"
 #include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/style.hpp"
 #include "plateforme/linux/vue_native.hpp"
 
 #include <QtGui/QFocusEvent>
-#include <QtGui/QPainter>
 
 namespace plateforme {
 namespace {
@@ -17,8 +17,6 @@ struct Gabarit {
 
 constexpr Gabarit kOrdinaire{13, 30, 16, 84};
 constexpr Gabarit kPetit{11, 23, 10, 0};
-constexpr double kRayon = 7;
-constexpr int kAnneau = 3; // place de l'anneau de clavier autour du bouton
 
 // Bouton arrondi ; celui que la touche Retour déclenche est rempli de la couleur d'accent.
 class BoutonQt : public QPushButton {
@@ -52,18 +50,8 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter peintre(this);
         peintre.setRenderHint(QPainter::Antialiasing);
-        const QRectF cadre = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
         const CouleursBouton couleurs = couleursBouton(isDefault(), isDown());
-        peintre.setPen(couleurs.bord);
-        peintre.setBrush(couleurs.fond);
-        peintre.drawRoundedRect(cadre, kRayon, kRayon);
-        if (hasFocus() && clavier_) {
-            const double retrait = kAnneau - 0.5;
-            peintre.setPen(QPen(couleurs.anneau, 2));
-            peintre.setBrush(Qt::NoBrush);
-            peintre.drawRoundedRect(cadre.adjusted(retrait, retrait, -retrait, -retrait),
-                                    kRayon - retrait, kRayon - retrait);
-        }
+        peindreBouton(peintre, rect(), couleurs, hasFocus() && clavier_);
         peintre.setPen(couleurs.texte);
         peintre.drawText(rect(), Qt::AlignCenter, text());
     }
