@@ -3,6 +3,7 @@
 #include "plateforme/fichiers.hpp"
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/demonstration_gestes.hpp"
+#include "plateforme/linux/demonstration_image.hpp"
 #include "plateforme/linux/fenetre_qt.hpp"
 #include "plateforme/linux/mac_simule.hpp"
 
@@ -10,7 +11,6 @@
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
-#include <QtGui/QPainter>
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,7 +21,6 @@ namespace {
 
 constexpr int kIntervalle = 10;       // ms, entre deux regards sur la fenêtre
 constexpr qint64 kPatience = 120'000; // ms sans que la page change
-constexpr int kPilesEmboitees = 8;    // davantage que la fenêtre n'en emboîte
 constexpr std::size_t kLimiteFichier = 64UL * 1024 * 1024;
 
 // Le nom de fichier d'une page : son titre sans accents ni ponctuation.
@@ -44,27 +43,6 @@ FenetreQt* fenetreAssistant() {
         }
     }
     return nullptr;
-}
-
-// L'image de la page telle qu'on la voit, l'alerte par-dessus s'il y en a une.
-QPixmap imageDeLaFenetre(FenetreQt& fenetre, QWidget* alerte) {
-    // Une disposition remonte de pile en pile, un évènement à la fois ; la fenêtre ne se peint
-    // qu'après le dernier, l'image se prend donc aussi après lui.
-    for (int etage = 0; etage < kPilesEmboitees; ++etage) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-    }
-    QPixmap image = fenetre.contenu()->grab();
-    if (alerte != nullptr) {
-        const QPixmap dessus = alerte->grab();
-        const QSizeF marge = (image.deviceIndependentSize() - dessus.deviceIndependentSize()) / 2;
-        const QPointF coin(marge.width(), marge.height());
-        QPainter peintre(&image);
-        peintre.fillRect(QRectF({}, image.deviceIndependentSize()), QColor(0, 0, 0, 90));
-        peintre.drawPixmap(coin, dessus);
-        peintre.setPen(QColor(0, 0, 0, 110));
-        peintre.drawRect(QRectF(coin, dessus.deviceIndependentSize()));
-    }
-    return image;
 }
 
 class Demonstration : public QObject {
