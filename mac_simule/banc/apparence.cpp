@@ -34,7 +34,7 @@ const Apparence& sombre() {
                                                   .texte = "#f4f4f5",
                                                   .discret = "#b0b0b6",
                                                   .accent = "#3d8bf2",
-                                                  .repos = "#77777f",
+                                                  .repos = "#83838b",
                                                   .bon = "#56c67c",
                                                   .mauvais = "#ff8a75",
                                                   .scene = "#101114"},
