@@ -35,12 +35,14 @@ preparer_demonstration() {
     export LUMIVIA_DEMONSTRATION=$dossier
 }
 
-# L'assistant sous son lanceur, le banc à côté ; rend le statut du lanceur.
+# L'assistant sous son lanceur, le banc à côté ; rend le statut du lanceur. Ce qui suit le Mac est
+# une commande qui lance le lanceur, pour l'observer.
 faire_vivre() {
     local mac=$1 banc statut=0
+    shift
     "$construction/mac_simule/banc/banc" "$mac" &
     banc=$!
-    "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?
+    "$@" "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?
     kill "$banc" 2>/dev/null || true # il a pu être fermé avant
     wait "$banc" 2>/dev/null || true
     return "$statut"
