@@ -50,6 +50,8 @@ inline QString texteQt(const std::string& texte) {
     return QString::fromStdString(texte);
 }
 
+inline constexpr double kTailleOrdinaire = 13;
+
 // Police de l'assistant : une seule famille, puis les émojis en couleur.
 QFont police(double taille, bool gras);
 

@@ -1,34 +1,17 @@
-#include "plateforme/linux/apparence.hpp"
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/vue_native.hpp"
 #include "plateforme/posix/natif.hpp"
 
+#include <QtCore/QHash>
 #include <QtGui/QImageReader>
 #include <QtGui/QPainter>
-
-#include <algorithm>
+#include <QtGui/QPixmapCache>
 
 namespace plateforme {
 namespace {
 
-constexpr double kTailleOrdinaire = 13;
-constexpr QChar kSelecteurEmoji(0xFE0F);
-
-// La police de base dessine elle-même ⚠ au trait : un caractère suivi du sélecteur d'émoji est donc
-// confié explicitement à la police en couleur.
-QString texteRiche(const QString& texte) {
-    QString riche;
-    for (qsizetype i = 0; i < texte.size(); ++i) {
-        const bool emoji = i + 1 < texte.size() && texte[i + 1] == kSelecteurEmoji;
-        riche += emoji ? QStringLiteral("<span style=\"font-family:'Noto Color Emoji'\">%1</span>")
-                             .arg(QString(texte[i]) + kSelecteurEmoji)
-                       : QString(texte[i]).toHtmlEscaped();
-        i += emoji ? 1 : 0;
-    }
-    return QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>").arg(riche);
-}
-
-// Une image nette à toutes les échelles : elle est réduite au moment d'être peinte.
+// Une image nette à toutes les échelles : elle est réduite au moment d'être peinte, une fois par
+// taille.
 class ImageQt : public QWidget {
 public:
     explicit ImageQt(QImage image) : image_(std::move(image)) {}
@@ -42,40 +25,30 @@ protected:
         const QSizeF tenue = taille().scaled(place, Qt::KeepAspectRatio);
         const QPointF coin((place.width() - tenue.width()) / 2,
                            (place.height() - tenue.height()) / 2);
-        const qreal echelle = devicePixelRatioF();
-        QImage reduite = image_.scaled((tenue * echelle).toSize(), Qt::IgnoreAspectRatio,
-                                       Qt::SmoothTransformation);
-        reduite.setDevicePixelRatio(echelle);
-        peintre.drawImage(coin, reduite);
+        peintre.drawPixmap(coin, reduite((tenue * devicePixelRatioF()).toSize()));
     }
 
 private:
+    QPixmap reduite(QSize pixels) const {
+        const QString cle = QStringLiteral("image %1 %2x%3")
+                                .arg(image_.cacheKey())
+                                .arg(pixels.width())
+                                .arg(pixels.height());
+        QPixmap copie;
+        if (!QPixmapCache::find(cle, &copie)) {
+            copie = QPixmap::fromImage(
+                image_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+            QPixmapCache::insert(cle, copie);
+        }
+        copie.setDevicePixelRatio(devicePixelRatioF());
+        return copie;
+    }
+
     QImage image_;
 };
 
-// Donne à une étiquette qui va à la ligne sa taille exacte. Qt saurait la déduire de la largeur,
-// mais pas à travers des piles emboîtées : les dernières lignes y seraient coupées.
-void ajusterHauteur(QLabel& etiquette) {
-    if (etiquette.wordWrap() && etiquette.minimumWidth() == etiquette.maximumWidth()) {
-        QSizePolicy place = etiquette.sizePolicy();
-        place.setHeightForWidth(false);
-        etiquette.setSizePolicy(place);
-        etiquette.setMinimumHeight(0); // la hauteur calculée n'est jamais sous ce minimum
-        etiquette.setFixedHeight(std::max(0, etiquette.heightForWidth(etiquette.minimumWidth())));
-    }
-}
-
 std::shared_ptr<VueNative> nouvelle(QWidget* vue) {
     return std::make_shared<VueNative>(vue);
-}
-
-QLabel* nouvelleEtiquette(const std::string& texte) {
-    applicationQt();
-    auto* etiquette = new QLabel;
-    etiquette->setTextFormat(Qt::PlainText);
-    etiquette->setFont(police(kTailleOrdinaire, false));
-    etiquette->setText(texteQt(texte));
-    return etiquette;
 }
 
 } // namespace
@@ -101,41 +74,6 @@ Vue espace(Orientation direction) {
     return Vue(nouvelle(vide));
 }
 
-Etiquette Etiquette::simple(const std::string& texte) {
-    return Etiquette(nouvelle(nouvelleEtiquette(texte)));
-}
-
-Etiquette Etiquette::multiligne(const std::string& texte) {
-    QLabel* etiquette = nouvelleEtiquette(texte);
-    etiquette->setWordWrap(true);
-    etiquette->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return Etiquette(nouvelle(etiquette));
-}
-
-void Etiquette::setTexte(const std::string& texte) const {
-    auto& etiquette = widget<QLabel>(*this);
-    const QString nu = texteQt(texte);
-    const bool riche = nu.contains(kSelecteurEmoji);
-    etiquette.setTextFormat(riche ? Qt::RichText : Qt::PlainText);
-    etiquette.setText(riche ? texteRiche(nu) : nu);
-    etiquette.setAccessibleName(nu);
-    ajusterHauteur(etiquette);
-}
-
-void Etiquette::setPolice(double taille, bool gras) const {
-    widget<QLabel>(*this).setFont(police(taille, gras));
-    ajusterHauteur(widget<QLabel>(*this));
-}
-
-void Etiquette::setCouleurSecondaire() const {
-    widget<QLabel>(*this).setForegroundRole(kRoleTexteSecondaire);
-}
-
-void Etiquette::setLargeurMaximale(double largeur) const {
-    widget<QLabel>(*this).setFixedWidth(static_cast<int>(largeur));
-    ajusterHauteur(widget<QLabel>(*this));
-}
-
 MenuLocal::MenuLocal(const std::vector<std::string>& articles, std::function<void(int)> choix)
     : Vue([] {
           applicationQt();
@@ -156,12 +94,16 @@ int MenuLocal::index() const {
 
 std::optional<VueImage> VueImage::lire(const std::string& chemin, const std::string& description) {
     applicationQt();
-    QImageReader lecteur(texteQt(natif::cheminReel(chemin)));
-    QImage image = lecteur.read();
+    static auto& lues =
+        *new QHash<QString, QImage>; // décodées une seule fois, gardées jusqu'à la fin
+    QImage& image = lues[texteQt(natif::cheminReel(chemin))];
+    if (image.isNull()) {
+        image = QImageReader(texteQt(natif::cheminReel(chemin))).read();
+    }
     if (image.isNull()) {
         return std::nullopt;
     }
-    auto* vue = new ImageQt(std::move(image));
+    auto* vue = new ImageQt(image);
     vue->setAccessibleName(texteQt(description));
     return VueImage(nouvelle(vue));
 }
