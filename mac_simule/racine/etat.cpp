@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 namespace mac_simule {
 
@@ -13,7 +13,11 @@ namespace fs = std::filesystem;
 
 std::string lireFichier(const fs::path& chemin) {
     std::ifstream flux(chemin, std::ios::binary);
-    return {std::istreambuf_iterator<char>(flux), {}};
+    // Une lecture qui échoue en route (un processus qui vient de finir, sous /proc) rend ce qui a été
+    // lu : l'opérateur retient l'exception que le tampon lance, un itérateur la laisserait passer.
+    std::ostringstream texte;
+    texte << flux.rdbuf();
+    return texte.str();
 }
 
 bool ecrireFichier(const fs::path& chemin, std::string_view contenu) {
