@@ -7,6 +7,7 @@
 #include "plateforme/linux/fenetre_qt.hpp"
 #include "support/journal.hpp"
 
+#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QKeyEvent>
@@ -16,8 +17,10 @@
 
 namespace essai {
 
+// Tout ce qui attend, et ce qui en découle : une mise en page en demande une autre, plus haut.
 inline void traiter() {
-    QCoreApplication::processEvents();
+    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
+    }
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -152,7 +155,12 @@ public:
 
 private:
     // Comme dans le programme, rien de l'assistant n'est détruit avant la fin du processus.
-    Delegue& delegue_ = *new Delegue;
+    static Delegue& delegue() {
+        static auto& unique = *new Delegue;
+        return unique;
+    }
+
+    Delegue& delegue_ = delegue();
     QTimer& gardien_ = *new QTimer(&plateforme::applicationQt());
 };
 
