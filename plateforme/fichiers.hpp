@@ -30,7 +30,8 @@ Erreur creerDossiers(const std::string& chemin);
 // temporaire ne reste.
 Erreur ecrireAtomiquement(const std::string& chemin, const std::string& contenu);
 
-// Écrit sur place, en remplaçant l'ancien contenu.
+// Écrit sur place, en remplaçant l'ancien contenu. Une écriture interrompue ne laisse rien : mieux
+// vaut un fichier absent que sa moitié.
 Erreur ecrire(const std::string& chemin, const std::string& contenu);
 
 // Permissions POSIX (par exemple 0755).

@@ -136,12 +136,17 @@ Erreur ecrireAtomiquement(const std::string& chemin, const std::string& contenu)
 }
 
 Erreur ecrire(const std::string& chemin, const std::string& contenu) {
+    const std::string reel = cheminReel(chemin);
     Descripteur fichier(sansInterruption([&] {
-        return ::open(cheminReel(chemin).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC,
-                      kModeFichier);
+        return ::open(reel.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kModeFichier);
     }));
-    if (!fichier.ouvert() || !ecrireTout(fichier.numero(), contenu) || !fichier.fermer()) {
+    if (!fichier.ouvert()) {
         return decrireErreur(errno, chemin);
+    }
+    if (!ecrireTout(fichier.numero(), contenu) || !fichier.fermer()) {
+        const int cause = errno;
+        ::unlink(reel.c_str());
+        return decrireErreur(cause, chemin);
     }
     return std::nullopt;
 }

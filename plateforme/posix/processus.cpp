@@ -116,7 +116,7 @@ FinDeProcessus executer(const std::string& chemin, const std::vector<std::string
     if (!natif::ouvrirTube(tube)) {
         return {natif::decrireErreur(errno, chemin), -1};
     }
-    const Descripteur lecture(tube[0]);
+    Descripteur lecture(tube[0]);
     Descripteur ecriture(tube[1]);
 
     std::string programme = natif::cheminReel(chemin);
@@ -134,6 +134,8 @@ FinDeProcessus executer(const std::string& chemin, const std::vector<std::string
     }
     // La lecture d'abord : un enfant qui remplit le tube attendrait sinon pour toujours.
     std::string octets = lireJusquALaFin(lecture.numero());
+    // Après une erreur de lecture, l'enfant écrit peut-être encore : sans lecteur, il s'arrête.
+    lecture.fermer();
     return {std::move(octets), attendre(enfant)};
 }
 
