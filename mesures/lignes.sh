@@ -67,31 +67,48 @@ mesurer_journal() {
     ligne_rapport "Une ligne du journal / ouvrir, ajouter, fermer en C" "$travail/journal" 1e3 µs 3 ≤ 3
 }
 
-# Pages : chaque changement de deux parcours ; on juge la page la plus lente, par sa médiane.
+# Pages : chaque changement de deux parcours, puis le tout premier affichage de chaque page dans un
+# processus neuf, qui lit aussi images et lettres ; on juge chaque fois la plus lente, par sa médiane.
 mesurer_pages() {
-    local tours titre
+    local tours
     tours=$(tours 60 200)
     {
-        sur sans-script "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" -- \
-            Continuer Retirer Réessayer Retour &&
-            sur pret "$programmes/pages/mesure_pages" duree "$tours" "Analyser mon Mac" Continuer -- \
-                Non "Refaire le test"
+        changements sans-script "$tours" "Analyser mon Mac" -- Continuer Retirer Réessayer Retour &&
+            changements pret "$tours" "Analyser mon Mac" Continuer -- Non "Refaire le test"
     } >"$travail/pages" || echouer "le parcours des pages n'est pas allé au bout."
-    cut -d ' ' -f 2- "$travail/pages" | LC_ALL=C sort -u | while read -r titre; do
-        printf '%s %s\n' "$(awk -v t="$titre" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d }' \
-            "$travail/pages" | quantile 0.5)" "$titre"
-    done | LC_ALL=C sort -g >"$travail/pages-medianes"
-    ligne_pages "$(tail -n 1 "$travail/pages-medianes")" "la plus lente"
-    ligne_pages "$(head -n 1 "$travail/pages-medianes")" "la plus rapide"
+    premiers_affichages "$(tours 5 15)" >"$travail/premiers" ||
+        echouer "le premier affichage des pages n'est pas allé au bout."
+    ligne_pages "$travail/pages" "Changement de page, la plus lente" tail
+    ligne_pages "$travail/pages" "Changement de page, la plus rapide" head
+    ligne_pages "$travail/premiers" "Premier affichage d'une page, la plus lente" tail
 }
 
-ligne_pages() { # « médiane titre », rang
-    local titre=${1#* } durees
-    durees=$travail/pages-durees
-    awk -v t="$titre" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d / 1e6 }' "$travail/pages" \
-        >"$durees"
-    ligne_valeur "Changement de page, $2 (« $titre »)" "$(quantile 0.5 <"$durees")" 2 " ms" \
+changements() { sur "$1" "$programmes/pages/mesure_pages" duree "${@:2}"; }
+
+premiers_affichages() {
+    local i
+    for ((i = 0; i < $1; i++)); do
+        changements sans-script 3 -- "Analyser mon Mac" Continuer Retirer &&
+            changements pret 5 -- "Analyser mon Mac" Continuer Non "Refaire le test" Oui &&
+            changements extension-seule 2 -- "Analyser mon Mac" Continuer || return
+    done | awk '{ titre = $0; sub(/^[0-9]+ /, "", titre) }
+        titre == "Analyse en cours…" { delete vus } # un processus neuf
+        !vus[titre]++'
+}
+
+ligne_pages() { # « durée titre » par ligne, libellé, tail (la plus lente) ou head (la plus rapide)
+    local medianes=$travail/pages-medianes durees=$travail/pages-durees titre
+    cut -d ' ' -f 2- "$1" | LC_ALL=C sort -u | while read -r titre; do
+        printf '%s %s\n' "$(durees_de "$titre" "$1" | quantile 0.5)" "$titre"
+    done | LC_ALL=C sort -g >"$medianes"
+    titre=$("$3" -n 1 "$medianes" | cut -d ' ' -f 2-)
+    durees_de "$titre" "$1" >"$durees"
+    ligne_valeur "$2 (« $titre »)" "$(quantile 0.5 <"$durees")" 2 " ms" \
         "$(nombre "$(quantile 0.25 <"$durees")" 2) – $(nombre "$(quantile 0.75 <"$durees")" 2)" '<' 8
+}
+
+durees_de() { # en millisecondes
+    awk -v t="$1" '{ d = $1; sub(/^[0-9]+ /, "") } $0 == t { print d / 1e6 }' "$2"
 }
 
 # Mémoire résidente, au repos sur la page de bienvenue, puis après bien des pages.
