@@ -132,4 +132,38 @@ TEST_F(Terminal, UnMotDePasseRefuseNeToucheARien) {
                                "sudo: 3 incorrect password attempts\n");
     EXPECT_TRUE(mac.existe(kExtensions[0]));
     EXPECT_FALSE(mac.existe(kSauvegardes));
+    const std::string affiche = mac.lire("/etat/terminal");
+    for (const std::string& cache : {std::string("deux"), mac.reel("").string()}) {
+        EXPECT_EQ(affiche.find(cache), std::string::npos) << affiche;
+    }
+}
+
+// Aucun vrai sudo ne doit pouvoir être atteint.
+TEST_F(Terminal, RienNeCommenceSiUnOutilPeutEtreCeluiDeLaMachine) {
+    for (const std::string outil : {"sudo", "osascript", "kmutil"}) {
+        const fs::path place = mac.reel("/usr/bin/" + outil);
+        fs::rename(place, mac.reel("/garde"));
+        fs::create_symlink("/usr/bin/true", place); // hors de la racine
+        EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
+        const std::string refus = "L'outil " + outil + " manque au Mac simulé";
+        EXPECT_TRUE(essai::attendre([&] {
+            return mac.lire("/etat/terminal").find(refus) != std::string::npos;
+        })) << outil;
+        EXPECT_EQ(mac.elements("/etat/fenetres"), 0);
+        fs::rename(mac.reel("/garde"), place);
+    }
+    EXPECT_TRUE(mac.existe(kExtensions[0]));
+}
+
+// « Recommencer » pressé dix fois : dix scripts se disputent les mêmes dossiers.
+TEST_F(Terminal, DixFenetresALaFoisNePerdentRien) {
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
+    }
+    EXPECT_TRUE(essai::attendre(
+        [&] { return mac.elements("/Library/Extensions") + mac.elements("/private/tmp") == 0; }));
+    const fs::recursive_directory_iterator tout(mac.reel("/Library"));
+    EXPECT_EQ(std::count_if(begin(tout), end(tout),
+                            [](const auto& la) { return la.path().filename() == "Info.plist"; }),
+              3);
 }

@@ -64,6 +64,14 @@ TEST_F(Retrait, LeScriptEstEcritExecutablePuisOuvert) {
     EXPECT_EQ(messages(), (Messages{kOuverture, kOuverture, kOuverture}));
 }
 
+TEST_F(Retrait, UneApostropheDuDossierPersonnelEntreTelleQuelleDansLeScript) {
+    mac.poserEtat("utilisateur", "L'été");
+    EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
+    EXPECT_EQ(Actions::dossier().rfind("/Users/L'été/", 0), 0U);
+    EXPECT_EQ(mac.lire(Actions::dossier() + "/retirer-ancien-pilote.command"),
+              modele(Actions::fichierResultat(), "oui"));
+}
+
 TEST_F(Retrait, UneOuvertureRefuseeLaisseLeScriptEnPlace) {
     mac.poserOutil("/usr/bin/open", "exit 1");
     EXPECT_FALSE(Actions::lancerRetraitDansTerminal(true));

@@ -9,12 +9,7 @@
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
-#include <csignal>
-#include <spawn.h>
-#include <sys/wait.h>
-
 using namespace banc;
-using essai::attendre;
 using essai::Mac;
 
 namespace {
@@ -36,21 +31,6 @@ void cliquer(const Banc& fenetre, const QString& titre) {
         }
     }
     ADD_FAILURE() << "aucun interrupteur « " << titre.toStdString() << " »";
-}
-
-pid_t lancer(const std::filesystem::path& racine) {
-    std::string programme = BANC;
-    std::string dossier = racine;
-    const std::array<char*, 3> arguments{programme.data(), dossier.data(), nullptr};
-    pid_t enfant = -1;
-    EXPECT_EQ(::posix_spawn(&enfant, BANC, nullptr, nullptr, arguments.data(), environ), 0);
-    return enfant;
-}
-
-int statutDeFin(pid_t enfant) {
-    int etat = -1;
-    EXPECT_TRUE(attendre([&] { return ::waitpid(enfant, &etat, WNOHANG) == enfant; }));
-    return etat;
 }
 
 } // namespace
@@ -100,16 +80,17 @@ TEST(Banc, LaCaseDeLExtensionNeChangeQueSaLigne) {
 }
 
 TEST(Banc, LesInterrupteursChangentLesFaits) {
-    const Mac mac;
+    const Mac mac("sans-emetteur");
     const Fenetre qt;
-    mac.retirer("/etat/usb");
-    mac.poserEtat("usb/un", "fabricant 0x0403\nproduit 0x6001\nserie A1B2C3\n");
+    // Un Mac sans émetteur permet d'en brancher un.
+    cliquer(Banc(QString::fromStdString(mac.reel(""))), "Émetteur A1B2C3");
+    EXPECT_TRUE(mac.lire("/etat/usb/emetteur-neuf").ends_with("serie A1B2C3\n"));
     mac.poserEtat("extensions_systeme", "*\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated enabled]\n");
     const Banc fenetre(QString::fromStdString(mac.reel("")));
     for (const bool rendu : {false, true}) {
         cliquer(fenetre, "Émetteur A1B2C3");
-        EXPECT_EQ(mac.existe("/etat/usb/un"), rendu);
-        EXPECT_EQ(mac.existe("/etat/debranches/un"), !rendu);
+        EXPECT_EQ(mac.existe("/etat/usb/emetteur-neuf"), rendu);
+        EXPECT_EQ(mac.existe("/etat/debranches/emetteur-neuf"), !rendu);
         cliquer(fenetre, "Un autre logiciel tient l'émetteur");
         EXPECT_EQ(mac.existe("/etat/emetteur_occupe"), !rendu);
     }
@@ -121,29 +102,4 @@ TEST(Banc, LesInterrupteursChangentLesFaits) {
     cliquer(rouvert, "FTDIUSBSerialDextInstaller");
     EXPECT_EQ(mac.lire("/etat/extensions_systeme"),
               "\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated disabled]\n");
-}
-
-TEST(Banc, UnScenarioSansEmetteurPermetDEnBrancherUn) {
-    const Mac mac("sans-emetteur");
-    const Fenetre qt;
-    const Banc fenetre(QString::fromStdString(mac.reel("")));
-    cliquer(fenetre, "Émetteur A1B2C3");
-    EXPECT_TRUE(mac.lire("/etat/usb/emetteur-neuf").ends_with("serie A1B2C3\n"));
-}
-
-TEST(Banc, RendSonPortraitEtFinitQuandOnLeLuiDemande) {
-    const Mac mac;
-    const std::vector<std::function<void(pid_t)>> fins{
-        [](pid_t enfant) { ::kill(enfant, SIGTERM); },
-        [&](pid_t) { mac.poserEtat("banc_fin", ""); }, [&](pid_t) { mac.retirer("/etat"); }};
-    for (const auto& finir : fins) {
-        mac.retirer("/etat/banc_fin");
-        mac.retirer("/Users/p.png");
-        const pid_t enfant = lancer(mac.reel(""));
-        mac.poserEtat("demonstration/portrait_demande", mac.reel("/Users/p.png").string() + "\n");
-        EXPECT_TRUE(attendre([&] { return !mac.existe("/etat/demonstration/portrait_demande"); }));
-        EXPECT_EQ(mac.lire("/Users/p.png").substr(1, 3), "PNG");
-        finir(enfant);
-        EXPECT_EQ(statutDeFin(enfant), 0);
-    }
 }

@@ -1,6 +1,6 @@
-// La puce, le récepteur, son compteur et le fichier de réception, sur des événements choisis.
+// Le récepteur, son compteur et le fichier de réception, sur des événements choisis.
 #include "mac_simule/d2xx/compteur.hpp"
-#include "mac_simule/d2xx/puce.hpp"
+#include "mac_simule/d2xx/reception.hpp"
 
 #include <atomic>
 #include <gtest/gtest.h>
@@ -89,18 +89,6 @@ TEST(Recepteur, UneRuptureTropTotCoupeLaTrameEtTropTardPerdLeSignal) {
     }
 }
 
-TEST(Recepteur, LesOctetsSansRupturePrealableSontPerdus) {
-    const std::vector<std::uint8_t> octets(600, 255);
-    Recepteur recepteur;
-    recepteur.octets(0, dmx, octets);
-    EXPECT_FALSE(recepteur.fin(milliseconde * 100));
-    recepteur.rupture(0);
-    recepteur.octets(10, dmx, octets); // la ligne est encore en rupture
-    EXPECT_FALSE(recepteur.rupture(20)) << "la rupture en cours continue";
-    recepteur.marque(microsecondes(200));
-    EXPECT_EQ(recepteur.fin(milliseconde).value_or(Trame{.creneaux = 1}).creneaux, 0U);
-}
-
 TEST(Recepteur, UneTrameEcriteEnPlusieursFoisRestUneTrame) {
     std::vector<std::uint8_t> octets(513, 40);
     octets[0] = 0;
@@ -115,20 +103,6 @@ TEST(Recepteur, UneTrameEcriteEnPlusieursFoisRestUneTrame) {
     EXPECT_EQ(trame.verdict(), Verdict::correct);
     EXPECT_EQ(trame.niveauMin, 40);
     EXPECT_EQ(trame.niveauMax, 90);
-}
-
-TEST(Puce, ChaqueModeleALeRythmeDeSaPuce) {
-    Puce vive(Puce::Modele::immediate);
-    EXPECT_EQ(vive.commande(1000), 1000);
-    const Puce::Ecriture premiere = vive.ecrire(1000, 513, 44'000);
-    EXPECT_EQ(premiere.premierCreneau, 1000 + 125'000);
-    EXPECT_EQ(premiere.retour, 1000);
-    EXPECT_EQ(vive.ecrire(2000, 1, 44'000).premierCreneau, 126'000 + 513 * 44'000);
-
-    Puce lente(Puce::Modele::realiste);
-    EXPECT_EQ(lente.commande(1000), 251'000);
-    EXPECT_EQ(lente.ecrire(0, 513, 44'000).retour, 125'000 + 385 * 44'000);
-    EXPECT_EQ(Puce(Puce::Modele::realiste).ecrire(0, 128, 44'000).retour, 125'000);
 }
 
 TEST(Compteur, TientLaCadenceEtLeNiveauDeLaDerniereTrameComprise) {

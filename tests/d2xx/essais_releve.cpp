@@ -1,11 +1,9 @@
-// Le relevé d'événements : écrit par la bibliothèque, lu et chiffré par le lecteur.
-#include "bibliotheque.hpp"
-#include "commun/mac.hpp"
+// Le lecteur du relevé d'événements et les chiffres qu'il en tire.
 #include "mesures/releve/chiffres.hpp"
 
+#include <array>
 #include <cmath>
-
-using namespace essai;
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -28,33 +26,6 @@ public:
 };
 
 } // namespace
-
-TEST(Releve, LaBibliothequeEcritLaFormeQueLeLecteurLit) {
-    const Mac mac;
-    const std::string chemin = mac.reel("/etat/releve");
-    ::setenv("LUMIVIA_RELEVE_DMX", chemin.c_str(), 1);
-    Bibliotheque d2xx;
-    for (int session = 0; session < 2; ++session) {
-        ASSERT_TRUE(d2xx.ouvrirPourDmx());
-        for (int i = 0; i < 40; ++i) {
-            ASSERT_EQ(d2xx.envoyer(255, 23000), 0U);
-        }
-        const std::string ouvert = mac.lire("/etat/releve");
-        EXPECT_EQ(ouvert.back(), '\0') << "la place est prise d'avance";
-        EXPECT_EQ(releve::lire(ouvert).ligneFautive, 0U);
-        d2xx.fermer();
-    }
-    const std::string texte = mac.lire("/etat/releve");
-    ASSERT_EQ(texte.back(), '\n');
-    EXPECT_EQ(texte.find('\0'), std::string::npos);
-    EXPECT_NE(texte.find(" write 513 00ffffffffffffff\n"), std::string::npos);
-    const releve::Lecture lecture = releve::lire(texte);
-    EXPECT_EQ(lecture.ligneFautive, 0U);
-    EXPECT_EQ(lecture.evenements.size(), 330U) << "quatre par trame, cinq par session";
-    const releve::Chiffres chiffres = releve::calculer(lecture.evenements);
-    EXPECT_EQ(chiffres.coupees + chiffres.echecs, 0U);
-    EXPECT_GE(chiffres.ruptureMin, 200);
-}
 
 TEST(Releve, LeLecteurAccepteUneFinInterrompueEtNommeUneLigneFautive) {
     Faux faux;

@@ -120,19 +120,3 @@ TEST(Diagnostic, LeRapportSuitLesChampsTelsQuels) {
                          "aucun", "désactivé"};
     EXPECT_EQ(d.rapport(), attendue.rapport());
 }
-
-TEST(Diagnostic, LesVerdictsSuiventLesChamps) {
-    for (unsigned bits = 0; bits < 16; ++bits) {
-        Diagnostic d;
-        d.d2xxHelperFichier = (bits & 1U) != 0;
-        d.d2xxHelperCharge = (bits & 2U) != 0;
-        d.anciensKextsFTDI.resize((bits & 4U) != 0 ? 1 : 0);
-        d.dextFTDIActif = (bits & 8U) != 0;
-        d.dextFTDIPresent = true; // installée mais inactive, elle ne gêne pas
-        d.versionMacOS = {bits, 16, 0};
-        EXPECT_EQ(d.nettoyageNecessaire(), (bits & 7U) != 0);
-        EXPECT_EQ(d.desactivationDextNecessaire(), (bits & 8U) != 0);
-        EXPECT_EQ(d.toutEstPret(), bits == 0);
-        EXPECT_EQ(d.macOS11ouPlus(), bits >= 11);
-    }
-}

@@ -16,9 +16,3 @@ TEST(Motif, donneSaValeurAChaqueTrame) {
         EXPECT_EQ(clignotant(debut + 29), 0);
     }
 }
-
-TEST(Motif, porteSonNomAuJournal) {
-    EXPECT_STREQ(nomMotif(MotifDMX::plein), "plein");
-    EXPECT_STREQ(nomMotif(MotifDMX::noir), "noir");
-    EXPECT_STREQ(nomMotif(MotifDMX::clignotant), "clignotant");
-}

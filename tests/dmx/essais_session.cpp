@@ -1,8 +1,13 @@
 // La session sur l'émetteur, avec la bibliothèque D2XX simulée chargée par le vrai chargeur.
 #include "commun/mac.hpp"
+#include "commun/ressources.hpp"
 #include "dmx/test_dmx.hpp"
 #include "mac_simule/d2xx/reception.hpp"
+#include "mesures/releve/chiffres.hpp"
 #include "support/journal.hpp"
+
+#include <fcntl.h>
+#include <sys/file.h>
 
 namespace {
 
@@ -22,11 +27,6 @@ int compter(const std::string& texte) {
         nombre += ligne.find("] " + texte) != std::string::npos ? 1 : 0;
     }
     return nombre;
-}
-
-std::size_t elements(const char* dossier) {
-    return static_cast<std::size_t>(
-        std::distance(fs::directory_iterator(dossier), fs::directory_iterator()));
 }
 
 class Session : public ::testing::Test {
@@ -126,10 +126,14 @@ TEST_F(Session, unStatutNulSansPoigneeEstUnEchec) {
     EXPECT_EQ(compter("FT_Open : statut 0"), 1);
 }
 
-TEST_F(Session, desReglagesRefusesNEmpechentPasLEssai) {
+TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
     poserVariante("reglages_refuses");
     EXPECT_EQ(test->ouvrir(), std::nullopt);
+    test->envoyer(TestDMX::Motif::plein);
+    EXPECT_TRUE(
+        essai::attendre([&] { return reception().verdict == d2xx::Verdict::ligneMalReglee; }));
     test->fermer();
+    EXPECT_EQ(reception().niveauMax + reception().correctes, 0U);
 }
 
 TEST_F(SessionComplete, regleLaLignePourLeDmx512EtNeLeFaitQuUneFois) {
@@ -160,23 +164,50 @@ TEST_F(SessionComplete, diseLeStatutDUnEmetteurAbsentOuOccupe) {
     EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
     EXPECT_EQ(compter("FT_Open : statut 3"), 1);
     mac.retirer("/etat/emetteur_occupe");
+    // Un autre assistant le tient par le verrou de ce fichier, jusqu'à sa fin.
+    const int autre = ::open(mac.reel("/etat/reception").c_str(), O_RDWR | O_CREAT, 0644);
+    EXPECT_EQ(::flock(autre, LOCK_EX | LOCK_NB), 0);
+    EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
+    ::close(autre);
     EXPECT_EQ(test->ouvrir(), std::nullopt);
 }
 
 TEST_F(SessionComplete, eclaireSuitLeMotifPuisEteintEtToutesLesTramesSontJustes) {
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    test->envoyer(TestDMX::Motif::plein);
-    EXPECT_TRUE(attendreNiveau(255));
-    test->envoyer(TestDMX::Motif::noir);
-    EXPECT_TRUE(attendreNiveau(0));
-    test->envoyer(TestDMX::Motif::clignotant);
-    EXPECT_TRUE(attendreNiveau(255));
-    EXPECT_TRUE(attendreNiveau(0));
-    test->envoyer(TestDMX::Motif::plein);
-    EXPECT_TRUE(attendreNiveau(255));
-    test->fermer();
-    EXPECT_EQ(reception().niveauMax, 0) << "fermer laisse le projecteur éteint";
-    EXPECT_EQ(reception().correctes, reception().trames);
+    for (const char* puce : {"immediat", "realiste"}) {
+        mac.poserEtat("puce_dmx", puce);
+        ASSERT_EQ(test->ouvrir(), std::nullopt);
+        test->envoyer(TestDMX::Motif::plein);
+        EXPECT_TRUE(attendreNiveau(255));
+        test->envoyer(TestDMX::Motif::noir);
+        EXPECT_TRUE(attendreNiveau(0));
+        test->envoyer(TestDMX::Motif::clignotant);
+        EXPECT_TRUE(attendreNiveau(255));
+        EXPECT_TRUE(attendreNiveau(0));
+        test->envoyer(TestDMX::Motif::plein);
+        EXPECT_TRUE(attendreNiveau(255));
+        test->fermer();
+        EXPECT_EQ(reception().niveauMax, 0) << "fermer laisse le projecteur éteint";
+        EXPECT_EQ(reception().correctes, reception().trames) << puce;
+    }
+}
+
+TEST_F(SessionComplete, laisseUnReleveQueLeLecteurComprend) {
+    ::setenv("LUMIVIA_RELEVE_DMX", mac.reel("/releve").c_str(), 1);
+    for (int fois = 0; fois < 2; ++fois) {
+        ASSERT_EQ(test->ouvrir(), std::nullopt);
+        test->envoyer(TestDMX::Motif::plein);
+        EXPECT_TRUE(attendreNiveau(255));
+        EXPECT_EQ(releve::lire(mac.lire("/releve")).ligneFautive, 0U)
+            << "la place est prise d'avance";
+        test->fermer();
+    }
+    const std::string texte = mac.lire("/releve");
+    EXPECT_EQ(texte.find('\0'), std::string::npos);
+    EXPECT_NE(texte.find(" write 513 00ffffffffffffff\n"), std::string::npos);
+    const releve::Lecture lecture = releve::lire(texte);
+    EXPECT_EQ(lecture.ligneFautive, 0U);
+    const releve::Chiffres chiffres = releve::calculer(lecture.evenements);
+    EXPECT_EQ(chiffres.coupees + chiffres.echecs, 0U);
 }
 
 TEST_F(SessionComplete, debrancherPendantLEnvoiNArretePasLaBoucle) {
@@ -191,6 +222,8 @@ TEST_F(SessionComplete, debrancherPendantLEnvoiNArretePasLaBoucle) {
         return std::exchange(avant, reception().trames) == reception().trames;
     })) << "plus aucune trame n'arrive";
     mac.poser("/etat/usb/emetteur-1", fiche);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_EQ(reception().trames, avant) << "l'ancienne poignée reste perdue";
     test->fermer();
     ASSERT_EQ(test->ouvrir(), std::nullopt);
     test->envoyer(TestDMX::Motif::plein);
@@ -233,13 +266,11 @@ protected:
             test->fermer();
         };
         cycle();
-        const std::size_t descripteurs = elements("/proc/self/fd");
-        const std::size_t fils = elements("/proc/self/task");
+        const essai::Ressources avant;
         for (int i = 0; i < fois; ++i) {
             cycle();
         }
-        EXPECT_EQ(elements("/proc/self/fd"), descripteurs);
-        EXPECT_EQ(elements("/proc/self/task"), fils);
+        EXPECT_TRUE(essai::Ressources().memesTenues(avant));
     }
 };
 

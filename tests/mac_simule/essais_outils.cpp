@@ -114,21 +114,11 @@ TEST(Outils, SystemextensionsctlALesFormesDeMacos14Et15) {
     EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl imprevu").code, 64);
 }
 
-TEST(Outils, OpenRevientAussitotOuDitPourquoi) {
+TEST(Outils, OpenNoteLesReglagesOuDitPourquoiIlRefuse) {
     const MacEssai mac("pret");
     const std::string adresse = "x-apple.systempreferences:com.apple.LoginItems-Settings.extension";
     EXPECT_EQ(mac.outil("/usr/bin/open '" + adresse + "'").code, 0);
     EXPECT_EQ(mac.fait("reglages_ouverts"), adresse + "\n");
-
-    const std::string paquet = "/Applications/L Essai.app/Contents/";
-    mac.poser(paquet + "Info.plist",
-              "<dict>\n<key>CFBundleExecutable</key>\n<string>le prog</string>\n");
-    EXPECT_EQ(mac.outil("/usr/bin/open '/Applications/L Essai.app'").code, 1);
-    mac.poserOutil(paquet + "MacOS/le prog",
-                   "sleep 1; printf '%s' \"$LUMIVIA_MAC\" >\"$LUMIVIA_MAC/vu\"");
-    EXPECT_EQ(mac.outil("/usr/bin/open '/Applications/L Essai.app'").code, 0);
-    EXPECT_FALSE(mac.existe("/vu")); // détaché : open n'a pas attendu
-    EXPECT_TRUE(attendre([&] { return mac.lire("/vu") == mac.racine(); }));
 
     for (const char* refus : {"-a Inconnu /Users/x", "-a Terminal /Users/absent",
                               "/Applications/A.app", "https://exemple.fr", "/etc/passwd", ""}) {

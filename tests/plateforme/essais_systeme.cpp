@@ -3,11 +3,8 @@
 #include "commun/mac.hpp"
 #include "plateforme/fichiers.hpp"
 #include "plateforme/paquet.hpp"
-#include "plateforme/peripheriques_usb.hpp"
 #include "plateforme/posix/natif.hpp"
 #include "plateforme/preferences.hpp"
-#include "plateforme/processus.hpp"
-#include "plateforme/systeme_exploitation.hpp"
 
 #include <csignal>
 #include <sys/wait.h>
@@ -28,22 +25,6 @@ TEST(Chemins, SeulsLesDossiersDuMacPassentSousLaRacine) {
     }
     const std::string reels = mac.reel("/Library/a").string() + ", " + mac.reel("/Users").string();
     EXPECT_EQ(plateforme::natif::texteAffiche(reels), "/Library/a, /Users");
-}
-
-TEST(SansMac, ToutEstAbsent) {
-    ::unsetenv("LUMIVIA_MAC");
-    EXPECT_FALSE(plateforme::existe("/Users"));
-    EXPECT_TRUE(plateforme::creerDossiers("/Users/x").has_value());
-    EXPECT_FALSE(plateforme::supprimer("/usr/bin/env"));
-    EXPECT_EQ(plateforme::executer("/usr/bin/env", {}).code, -1);
-    EXPECT_EQ(plateforme::versionSysteme().majorVersion, 0);
-    EXPECT_TRUE(plateforme::numerosDeSerieUSB(0x0403, 0x6001).empty());
-    EXPECT_EQ(plateforme::valeurInfo("CFBundleVersion").genre, Genre::absente);
-    EXPECT_FALSE(plateforme::cheminFrameworksPrives().has_value());
-    plateforme::ecrirePreference("cle", "valeur");
-    EXPECT_FALSE(plateforme::lirePreference("cle").has_value());
-    plateforme::demanderRedemarrage();
-    EXPECT_EQ(fs::status("/dev/null").type(), fs::file_type::character);
 }
 
 TEST(Fichiers, RetirerUnLienNeToucheRienDerriereLui) {

@@ -2,6 +2,7 @@
 
 #include "commun/limite.hpp"
 #include "commun/mac.hpp"
+#include "commun/ressources.hpp"
 #include "support/systeme.hpp"
 #include "support/utf8.hpp"
 
@@ -17,11 +18,6 @@ Systeme::Resultat sh(const std::string& script, const std::vector<std::string>& 
     std::vector<std::string> tous{"-c", script, "sh"};
     tous.insert(tous.end(), arguments.begin(), arguments.end());
     return Systeme::commande("/bin/sh", tous);
-}
-
-std::ptrdiff_t descripteursOuverts() {
-    const fs::directory_iterator ouverts("/proc/self/fd");
-    return std::distance(begin(ouverts), end(ouverts));
 }
 
 class Commande : public testing::Test {
@@ -118,12 +114,12 @@ TEST_F(Commande, HuitCommandesALaFoisNeSAttendentPasEtNeSeMelentPas) {
 
 TEST_F(Commande, MilleLancementsNeLaissentAucunDescripteur) {
     const std::string illisible = poser("format", "ni programme ni script\n", 0755);
-    const std::ptrdiff_t avant = descripteursOuverts();
+    const essai::Ressources avant;
     for (int tour = 0; tour < 1000; ++tour) {
         const bool bon = tour % 10 != 0;
         ASSERT_EQ(Systeme::commande(bon ? "/bin/true" : illisible).code, bon ? 0 : -1);
     }
-    EXPECT_EQ(descripteursOuverts(), avant);
+    EXPECT_TRUE(essai::Ressources().memesTenues(avant));
 }
 
 TEST_F(Commande, SansDescripteurLErreurEstDite) {
