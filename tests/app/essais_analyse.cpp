@@ -1,7 +1,6 @@
-// L'analyse, le rapport, et l'ouverture qui suit un redémarrage.
+// L'analyse et le rapport.
 #include "app/conduite.hpp"
 
-#include "actions/actions.hpp"
 #include "plateforme/preferences.hpp"
 
 using essai::Conduite;
@@ -18,20 +17,12 @@ void retenirLAnalyse(const Conduite& c) {
 
 } // namespace
 
-TEST(Analyse, leResultatSecritAuJournalEtSaffiche) {
-    Conduite c("complet");
-    c.allerAuResultat();
-    EXPECT_EQ(c.compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
-    const auto textes = c.textes();
-    EXPECT_EQ(textes[2], "🖥  Mac à puce Apple, macOS 14.5.0");
-    EXPECT_EQ(c.parDefaut(), "Continuer");
-}
-
 TEST(Analyse, uneMarquePerimeeEstOubliee) {
     Conduite c;
     plateforme::ecrirePreference(kCle, "un autre démarrage");
     c.allerAuResultat();
     EXPECT_EQ(plateforme::lirePreference(kCle), std::nullopt);
+    EXPECT_EQ(c.compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
     EXPECT_EQ(c.textes()[4], "✅  Aucun ancien pilote à retirer.");
 }
 
@@ -54,14 +45,4 @@ TEST(Analyse, leRapportSeCopiePendantQuElleCourt) {
     EXPECT_EQ(c.titre(), "Analyse en cours…");
     c.mac.poser("/suite", "");
     EXPECT_TRUE(c.attendrePage("Résultat de l'analyse"));
-}
-
-TEST(Analyse, commenceSeuleApresUnRedemarrageDemande) {
-    Conduite c;
-    Actions::programmerRelance();
-    c.demarrer();
-    EXPECT_NE(c.titre(), "Bienvenue");
-    EXPECT_TRUE(c.attendrePage("Résultat de l'analyse"));
-    EXPECT_EQ(c.compter("Rouvert automatiquement après le redémarrage"), 1);
-    EXPECT_FALSE(Actions::annulerRelance()) << "la relance ne sert qu'une fois";
 }

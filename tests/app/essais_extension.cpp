@@ -1,8 +1,6 @@
 // La page de l'extension DriverKit et ses vérifications, qui ne s'attendent pas l'une l'autre.
 #include "app/conduite.hpp"
 
-#include <sys/wait.h>
-
 using essai::Conduite;
 
 namespace {
@@ -37,15 +35,6 @@ protected:
 
 } // namespace
 
-TEST_F(Extension, retourOuvreLesReglages) {
-    EXPECT_EQ(c.titre(), "Désactiver le pilote FTDI");
-    EXPECT_EQ(c.parDefaut(), "Ouvrir les Réglages");
-    c.touche(Qt::Key_Return);
-    EXPECT_EQ(c.mac.lire("/etat/reglages_ouverts"),
-              "x-apple.systempreferences:com.apple.LoginItems-Settings.extension\n");
-    EXPECT_EQ(c.titre(), "Désactiver le pilote FTDI");
-}
-
 TEST_F(Extension, chaqueClicARecoitUneAlerteEtLesVerificationsSilencieusesAucune) {
     c.mac.poserEtat("vitesse_horloge", "20");
     c.cliquer("Ouvrir les Réglages");
@@ -71,12 +60,4 @@ TEST_F(Extension, deuxVerificationsQuiFinissentEnsembleNAgissentQuUneFois) {
     EXPECT_EQ(c.compter("Pilote FTDI DriverKit désactivé par l'utilisateur"), 1);
     EXPECT_EQ(c.compter("Diagnostic :"), 2) << "celui du départ, et un seul depuis";
     EXPECT_TRUE(c.alertes.empty());
-}
-
-TEST_F(Extension, seRemarqueSeule) {
-    c.mac.poserEtat(
-        "extensions_systeme",
-        "\t*\t658CPPCMJJ\tcom.ftdi.vcp.dext (1.6/0)\tNullDriver\t[activated disabled]\n");
-    ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
-    EXPECT_EQ(c.compter("Pilote FTDI DriverKit désactivé par l'utilisateur"), 1);
 }

@@ -49,12 +49,6 @@ TEST(Fin, commandeQPendantUneAnalyse) {
     EXPECT_TRUE(c.fenetre().isVisible()) << "quitter ne ferme pas la fenêtre";
 }
 
-TEST(Fin, quitterSansQuestion) {
-    Conduite c;
-    vivre(c, "Bienvenue", [&] { c.bouton("Quitter")->click(); });
-    EXPECT_EQ(Journal::shared().lignes().size(), 1U);
-}
-
 TEST(Fin, commandeQPendantLEnvoiLaisseLeFilFinirAvecLeProcessus) {
     Conduite c;
     vivre(c, "Tester avec votre projecteur", [&] {

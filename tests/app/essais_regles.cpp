@@ -1,8 +1,7 @@
-// Les règles pures : ce que disent les lignes du résultat, l'ordre des pages, le guide, le rapport.
+// Les règles pures : ce que disent les lignes du résultat, l'ordre des pages, le guide.
 #include "app/lignes_resultat.hpp"
 #include "app/logiciels.hpp"
 #include "app/navigation.hpp"
-#include "app/rapport_support.hpp"
 
 #include <clocale>
 #include <cstdlib>
@@ -80,10 +79,4 @@ TEST(Logiciels, seRangentPareilDansChaqueLangue) {
         }
         EXPECT_EQ(noms, attendus) << langue;
     }
-}
-
-TEST(RapportSupport, joitLAnalyseEtLeJournal) {
-    EXPECT_EQ(rapportSupport("Mac : M", {"[1] un", "[2] deux\nsuite"}),
-              "Assistant Lumivia — rapport\n\nMac : M\n\nJournal :\n[1] un\n[2] deux\nsuite");
-    EXPECT_EQ(rapportSupport("R", {}), "Assistant Lumivia — rapport\n\nR\n\nJournal :\n");
 }
