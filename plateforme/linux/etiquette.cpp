@@ -1,5 +1,6 @@
 #include "plateforme/linux/apparence.hpp"
 #include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/composition.hpp"
 #include "plateforme/linux/vue_native.hpp"
 
 #include <QtGui/QAbstractTextDocumentLayout>
@@ -9,40 +10,20 @@
 namespace plateforme {
 namespace {
 
-constexpr QChar kSelecteurEmoji(0xFE0F);
-
-// La police de base dessine elle-même ⚠ au trait : un caractère suivi du sélecteur d'émoji est donc
-// confié explicitement à la police en couleur.
-QString texteRiche(const QString& texte) {
-    QString riche;
-    for (qsizetype i = 0; i < texte.size(); ++i) {
-        const bool emoji = i + 1 < texte.size() && texte[i + 1] == kSelecteurEmoji;
-        riche += emoji ? QStringLiteral("<span style=\"font-family:'Noto Color Emoji'\">%1</span>")
-                             .arg(QString(texte[i]) + kSelecteurEmoji)
-                       : QString(texte[i]).toHtmlEscaped();
-        i += emoji ? 1 : 0;
-    }
-    return QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>").arg(riche);
-}
-
-// Un paragraphe de largeur connue se met en page une seule fois, dans un document à nous, mesuré
-// puis peint. Qt, pour un texte sélectionnable, le referait cinq fois par affichage, et à travers
-// des piles emboîtées perdrait les dernières lignes ; on ne lui passe la main qu'au premier clic,
-// quand une sélection commence.
+// Un texte se met en page une seule fois, dans un document à nous, mesuré puis peint. Qt le
+// referait cinq fois par affichage, décodant chaque fois l'image d'un émoji, et à travers des piles
+// emboîtées perdrait les dernières lignes ; on ne lui passe la main qu'au premier clic, quand une
+// sélection commence.
 class EtiquetteQt : public QLabel {
 public:
     void montrer(const QString& texte) {
         nu_ = texte;
         setAccessibleName(nu_);
-        if (textInteractionFlags() != Qt::NoTextInteraction) {
-            finirSelection();
+        if (confieeAQt()) {
+            reprendreAQt();
         }
-        if (wordWrap()) {
-            setText(nu_);
-            oublierMiseEnPage();
-        } else {
-            confierAQt();
-        }
+        setText(nu_);
+        oublierMiseEnPage();
     }
 
     void setLargeur(int largeur) {
@@ -64,19 +45,17 @@ public:
     }
 
     QSize sizeHint() const override {
-        return largeur_ == 0 ? QLabel::sizeHint()
-                             : QSize(largeur_, qCeil(document().size().height()));
+        const QSizeF taille = document().size();
+        return {largeur_ == 0 ? qCeil(taille.width()) : largeur_, qCeil(taille.height())};
     }
 
-    QSize minimumSizeHint() const override {
-        return largeur_ == 0 ? QLabel::minimumSizeHint() : sizeHint();
-    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
-    bool hasHeightForWidth() const override { return largeur_ == 0 && QLabel::hasHeightForWidth(); }
+    bool hasHeightForWidth() const override { return false; }
 
 protected:
     void paintEvent(QPaintEvent* evenement) override {
-        if (largeur_ == 0 || textInteractionFlags() != Qt::NoTextInteraction) {
+        if (confieeAQt()) {
             QLabel::paintEvent(evenement);
             return;
         }
@@ -88,22 +67,28 @@ protected:
     }
 
     void mousePressEvent(QMouseEvent* evenement) override {
-        if (wordWrap() && textInteractionFlags() == Qt::NoTextInteraction) {
+        if (wordWrap() && !confieeAQt()) {
             confierAQt();
-            setTextInteractionFlags(Qt::TextSelectableByMouse);
         }
         QLabel::mousePressEvent(evenement);
     }
 
 private:
-    bool riche() const { return nu_.contains(kSelecteurEmoji); }
+    bool confieeAQt() const { return textInteractionFlags() != Qt::NoTextInteraction; }
 
-    void confierAQt() {
-        setTextFormat(riche() ? Qt::RichText : Qt::PlainText);
-        setText(riche() ? texteRiche(nu_) : nu_);
+    QString html(const QString& texte) const {
+        return texteRiche(texte, fontMetrics().lineSpacing());
     }
 
-    void finirSelection() {
+    void confierAQt() {
+        const QString texte = sansCoupureFautive(nu_);
+        const bool riche = demandeUnTexteRiche(texte);
+        setTextFormat(riche ? Qt::RichText : Qt::PlainText);
+        setText(riche ? html(texte) : texte);
+        setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
+
+    void reprendreAQt() {
         setTextInteractionFlags(Qt::NoTextInteraction);
         setTextFormat(Qt::PlainText);
         setFocusPolicy(Qt::ClickFocus);
@@ -122,8 +107,10 @@ private:
             document_->setUndoRedoEnabled(false);
             document_->setDocumentMargin(0);
             document_->setDefaultFont(font());
-            document_->setTextWidth(largeur_);
-            riche() ? document_->setHtml(texteRiche(nu_)) : document_->setPlainText(nu_);
+            document_->setTextWidth(largeur_ == 0 ? -1 : largeur_);
+            const QString texte = sansCoupureFautive(nu_);
+            demandeUnTexteRiche(texte) ? document_->setHtml(html(texte))
+                                       : document_->setPlainText(texte);
         }
         return *document_;
     }
