@@ -9,7 +9,7 @@ namespace plateforme::natif {
 namespace {
 
 // Les causes qu'un utilisateur peut rencontrer ; le support lit le journal en français.
-constexpr std::array<std::pair<int, const char*>, 14> kCauses{{
+constexpr std::array<std::pair<int, const char*>, 15> kCauses{{
     {EACCES, "vous n'avez pas la permission"},
     {EPERM, "opération refusée"},
     {ENOENT, "fichier ou dossier introuvable"},
@@ -21,6 +21,7 @@ constexpr std::array<std::pair<int, const char*>, 14> kCauses{{
     {EROFS, "le disque est en lecture seule"},
     {EMFILE, "trop de fichiers sont ouverts"},
     {ENFILE, "trop de fichiers sont ouverts sur ce Mac"},
+    {EAGAIN, "trop de programmes sont en route"},
     {ENOMEM, "il n'y a plus assez de mémoire"},
     {ENOEXEC, "le format du programme n'est pas reconnu"},
     {EIO, "erreur de lecture ou d'écriture"},
