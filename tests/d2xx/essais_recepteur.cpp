@@ -1,11 +1,7 @@
-// Le récepteur, son compteur et le fichier de réception, sur des événements choisis.
+// Le récepteur, son compteur, sur des événements choisis.
 #include "mac_simule/d2xx/compteur.hpp"
-#include "mac_simule/d2xx/reception.hpp"
 
-#include <atomic>
 #include <gtest/gtest.h>
-#include <memory>
-#include <thread>
 #include <vector>
 
 using namespace d2xx;
@@ -122,26 +118,4 @@ TEST(Compteur, TientLaCadenceEtLeNiveauDeLaDerniereTrameComprise) {
     EXPECT_EQ(bilan.niveauMax, 80) << "une trame illisible ne change pas la lumière";
     EXPECT_EQ(bilan.verdict, Verdict::ruptureCourte);
     EXPECT_LT(bilan.derniereComprise, bilan.derniereTrame);
-}
-
-TEST(Reception, UnLecteurNeVoitJamaisUneEcritureAMoitie) {
-    const auto partagee = std::make_unique<ReceptionPartagee>();
-    EXPECT_FALSE(partagee->lire()) << "rien n'est encore publié";
-    std::atomic<bool> fini = false;
-    std::thread ecrivain([&] {
-        for (std::uint64_t i = 1; i <= 200'000; ++i) {
-            partagee->publier({.trames = i, .correctes = i});
-        }
-        fini = true;
-    });
-    std::uint64_t vues = 0;
-    while (!fini) {
-        if (const std::optional<Reception> lue = partagee->lire()) {
-            ASSERT_EQ(lue->trames, lue->correctes);
-            ASSERT_GE(lue->trames, vues);
-            vues = lue->trames;
-        }
-    }
-    ecrivain.join();
-    EXPECT_EQ(partagee->lire().value_or(Reception{}).trames, 200'000U);
 }

@@ -1,7 +1,6 @@
 // Le lecteur du relevé d'événements et les chiffres qu'il en tire.
 #include "mesures/releve/chiffres.hpp"
 
-#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -74,17 +73,4 @@ TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujoursEtUneSessionNEstPasUnePe
     deux.trame(0).trame(1'000'000).trame(1'030'000).note(1'060'000, "close 0");
     deux.note(9'000'000, "open 0").trame(9'000'100).trame(9'030'100);
     EXPECT_DOUBLE_EQ(deux.chiffres().periodeMoyenne, 30'000);
-}
-
-TEST(Releve, PlusieursPassagesDonnentLaMedianeDesCentiles) {
-    const std::array<releve::Chiffres, 3> passages{{
-        {.trames = 10, .periodeP99 = 31, .ruptureMin = 270, .coupees = 1},
-        {.trames = 10, .periodeP99 = 99, .ruptureMin = 260},
-        {.trames = 10, .periodeP99 = 30, .ruptureMin = 280, .echecs = 2},
-    }};
-    const releve::Chiffres ensemble = releve::rassembler(passages);
-    EXPECT_EQ(ensemble.periodeP99, 31);
-    EXPECT_EQ(ensemble.ruptureMin, 260);
-    EXPECT_EQ(ensemble.trames, 30U);
-    EXPECT_EQ(ensemble.coupees + ensemble.echecs, 3U);
 }

@@ -3,45 +3,34 @@
 #include "commun/mac.hpp"
 #include "diagnostic/diagnostic.hpp"
 
+#include <array>
+
 using namespace std::string_literals;
 
 namespace {
 
-const std::string kAnciens = "/Library/Extensions/FTDIUSBSerialDriver.kext, "
-                             "/Library/Extensions/FTDIKext.kext";
-
-// Les blancs du rapport, ligne à ligne.
-struct Fiche {
-    std::string scenario;
-    std::string mac;
-    std::string emetteurs;
-    std::string d2xxHelper;
-    std::string anciens;
-    std::string dext;
-
-    std::string rapport() const {
-        return "Mac : " + mac + "\nÉmetteur(s) FTDI 0403:6001 : " + emetteurs +
-               "\nD2xxHelper : " + d2xxHelper + "\nAnciens pilotes FTDI : " + anciens +
-               "\nPilote FTDI DriverKit : " + dext;
-    }
-};
-
-const std::string k14 = "Mac14,2, puce Apple, macOS 14.5.0";
-const std::string k15 = "Mac15,3, puce Apple, macOS 15.3.1";
-const std::string kRien = "fichier absent, chargé non";
-const std::string kCharge = "fichier présent, chargé oui";
+// Le scénario, puis les blancs du rapport : Mac, émetteurs, D2xxHelper, anciens pilotes, extension.
+using Fiche = std::array<const char*, 6>;
 
 const Fiche kFiches[] = {
-    {"complet", k14, "A1B2C3", kCharge, kAnciens, "activé"},
-    {"pret", k14, "A1B2C3", kRien, "aucun", "absent"},
-    {"sans-emetteur", k14, "aucun", kRien, "aucun", "absent"},
-    {"deux-emetteurs", k15, "A1B2C3, sans numéro", kRien, "aucun", "absent"},
-    {"ancien-macos", "MacBookPro15,1, Intel, macOS 10.15.7", "A1B2C3", kCharge, "aucun", "absent"},
-    {"extension-seule", k15, "A1B2C3", kRien, "aucun", "activé"},
+    {"complet", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier présent, chargé oui",
+     "/Library/Extensions/FTDIUSBSerialDriver.kext, /Library/Extensions/FTDIKext.kext", "activé"},
+    {"pret", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier absent, chargé non", "aucun",
+     "absent"},
+    {"sans-emetteur", "Mac14,2, puce Apple, macOS 14.5.0", "aucun", "fichier absent, chargé non",
+     "aucun", "absent"},
+    {"deux-emetteurs", "Mac15,3, puce Apple, macOS 15.3.1", "A1B2C3, sans numéro",
+     "fichier absent, chargé non", "aucun", "absent"},
+    {"ancien-macos", "MacBookPro15,1, Intel, macOS 10.15.7", "A1B2C3",
+     "fichier présent, chargé oui", "aucun", "absent"},
+    {"extension-seule", "Mac15,3, puce Apple, macOS 15.3.1", "A1B2C3", "fichier absent, chargé non",
+     "aucun", "activé"},
 };
 
-void PrintTo(const Fiche& fiche, std::ostream* sortie) {
-    *sortie << fiche.scenario;
+std::string rapport(const Fiche& fiche) {
+    return std::string("Mac : ") + fiche[1] + "\nÉmetteur(s) FTDI 0403:6001 : " + fiche[2] +
+           "\nD2xxHelper : " + fiche[3] + "\nAnciens pilotes FTDI : " + fiche[4] +
+           "\nPilote FTDI DriverKit : " + fiche[5];
 }
 
 class AnalyseDeScenario : public testing::TestWithParam<Fiche> {};
@@ -57,8 +46,8 @@ const std::pair<std::string, std::string> kPannes[] = {
 } // namespace
 
 TEST_P(AnalyseDeScenario, DonneSaFiche) {
-    const essai::Mac mac(GetParam().scenario);
-    EXPECT_EQ(Diagnostic::analyser().rapport(), GetParam().rapport());
+    const essai::Mac mac(GetParam()[0]);
+    EXPECT_EQ(Diagnostic::analyser().rapport(), rapport(GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Mac, AnalyseDeScenario, testing::ValuesIn(kFiches));
@@ -115,8 +104,6 @@ TEST(Diagnostic, LeRapportSuitLesChampsTelsQuels) {
     d.modele = "Un, deux\ntrois";
     d.d2xxHelperCharge = true; // son fichier a disparu
     d.dextFTDIPresent = true;
-    const Fiche attendue{"",      "Un, deux\ntrois, Intel, macOS 15.1.12345678901",
-                         "aucun", "fichier absent, chargé oui",
-                         "aucun", "désactivé"};
-    EXPECT_EQ(d.rapport(), attendue.rapport());
+    EXPECT_EQ(d.rapport(), rapport({"", "Un, deux\ntrois, Intel, macOS 15.1.12345678901", "aucun",
+                                    "fichier absent, chargé oui", "aucun", "désactivé"}));
 }

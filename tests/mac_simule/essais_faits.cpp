@@ -1,6 +1,5 @@
-// Les fonctions pures : chemins, effets d'un redémarrage, agents de session.
+// Les fonctions pures : chemins et effets d'un redémarrage.
 
-#include "mac_simule/racine/agents.hpp"
 #include "mac_simule/racine/chemins.hpp"
 #include "mac_simule/racine/redemarrage.hpp"
 
@@ -49,31 +48,4 @@ TEST(Redemarrage, CeQuiAQuitteLeDisqueEtLesExtensionsEnArretNeSontPlusCharges) {
             "\t\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[terminating for disable but still running]\n" +
             autre),
         "\t*\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[activated disabled]\n" + autre);
-}
-
-namespace {
-
-std::string liste(const std::string& corps) {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//Apple//DTD "
-           "PLIST 1.0//EN\" \"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-           "<plist version=\"1.0\"><dict>" +
-           corps + "</dict></plist>\n";
-}
-
-const std::string kProgramme = "<key>Label</key><string>e</string><key>ProgramArguments</key>"
-                               "<array><string>/usr/bin/open</string><string>/Applications/A &amp; "
-                               "B.app</string></array>";
-
-} // namespace
-
-TEST(Agents, UneListeMalFormeeNEstPasObeie) {
-    EXPECT_TRUE(lireAgent(liste(kProgramme)));
-    for (const std::string& xml :
-         {std::string(), std::string("bplist00"), liste(""), liste(kProgramme + "<key>x</key>"),
-          liste(kProgramme) + "<reste>", liste(kProgramme).substr(0, 200),
-          liste(kProgramme + "<key>RunAtLoad</key><string>oui</string>"),
-          liste("<key>Label</key><string>e</string><key>ProgramArguments</key><string>x</string>"),
-          liste("<key>Label</key><true/>" + kProgramme)}) {
-        EXPECT_FALSE(lireAgent(xml)) << xml;
-    }
 }

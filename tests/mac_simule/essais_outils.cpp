@@ -25,25 +25,16 @@ std::string faitDeLaForme(const std::string& texte) {
 
 } // namespace
 
-TEST(Outils, SysctlRepondDApresEtat) {
+TEST(Outils, RepondentDApresEtatDansLaFormeDesVrais) {
     const MacEssai apple("complet");
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n hw.optional.arm64").sortie, "1\n");
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n kern.boottime").sortie, apple.fait("demarrage"));
     apple.poserEtat("modele", "Mac16,1"); // une valeur tapée à la main, sans fin de ligne
     EXPECT_EQ(apple.outil("/usr/sbin/sysctl -n hw.model").sortie, "Mac16,1\n");
-
-    const MacEssai intel("ancien-macos");
-    const Fini inconnu = intel.outil("/usr/sbin/sysctl -n hw.optional.arm64");
-    EXPECT_EQ(inconnu.sortie, forme("sysctl-arm64-intel.txt"));
-    EXPECT_EQ(inconnu.code, 1);
-}
-
-TEST(Outils, KmutilInspectAvecEtSansExtension) {
-    const MacEssai mac("complet");
-    EXPECT_EQ(mac.outil("/usr/bin/kmutil inspect").sortie,
+    EXPECT_EQ(apple.outil("/usr/bin/kmutil inspect").sortie,
               forme("kmutil-inspect-avec-d2xxhelper.txt"));
-    mac.poserEtat("kexts_charges", "");
-    EXPECT_EQ(mac.outil("/usr/bin/kmutil inspect").sortie,
+    apple.poserEtat("kexts_charges", "");
+    EXPECT_EQ(apple.outil("/usr/bin/kmutil inspect").sortie,
               forme("kmutil-inspect-sans-d2xxhelper.txt"));
 }
 
@@ -86,8 +77,11 @@ TEST(Outils, KmutilChangeAvecLaVersion) {
     EXPECT_EQ(mac.outil("/usr/bin/kmutil imprevu").code, 64);
 }
 
-TEST(Outils, KextstatALaFormeDeMacos1015) {
+TEST(Outils, CeuxDUnVieuxMacOntLaFormeDeMacos1015) {
     const MacEssai mac("ancien-macos");
+    const Fini inconnu = mac.outil("/usr/sbin/sysctl -n hw.optional.arm64");
+    EXPECT_EQ(inconnu.sortie, forme("sysctl-arm64-intel.txt"));
+    EXPECT_EQ(inconnu.code, 1);
     mac.poserEtat("kexts_charges", "");
     std::string attendu = forme("kextstat-macos10.15-ftdi.txt");
     const auto serie = attendu.find("  161 ");

@@ -15,30 +15,7 @@ std::string erreurDe(const std::string& texte) {
     return erreur == nullptr ? "" : *erreur;
 }
 
-const std::string kComplet = "# Un Mac\n\nversion 15.3\npuce intel\nemetteur\nemetteur A 1\n"
-                             "emetteur_nombre 42\nperipherique 0x1234 0xabCD  S\n"
-                             "charge a.b 1.0 /Library/Extensions/un nom.kext\n"
-                             "geste Redémarrer le Mac | Plus tard\nfrappe  x\nterminal_ferme\n";
-
 } // namespace
-
-TEST(Scenario, SeLitCleParCle) {
-    const auto lu = lireScenario(kComplet);
-    const auto& s = std::get<Scenario>(lu);
-    EXPECT_EQ(s.description, "Un Mac");
-    EXPECT_EQ(s.versionMajeure(), 15);
-    ASSERT_EQ(s.peripheriques.size(), 4U);
-    EXPECT_EQ(s.peripheriques[0].serie, "");
-    EXPECT_EQ(s.peripheriques[1].serie, "A 1");
-    EXPECT_EQ(s.peripheriques[2].serieNombre, "42");
-    EXPECT_EQ(s.peripheriques[3].produit, "0xabCD");
-    EXPECT_EQ(s.chargees.at(0).chemin, "/Library/Extensions/un nom.kext");
-    EXPECT_EQ(s.gestes.at(0).bouton, "Plus tard");
-    EXPECT_EQ(s.frappe, std::vector<std::string>{"x"});
-    EXPECT_TRUE(s.terminalFerme);
-    const auto autre = lireScenario("mot_de_passe deux mots\n");
-    EXPECT_EQ(std::get<Scenario>(autre).frappe, std::vector<std::string>{"deux mots"});
-}
 
 TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
     EXPECT_EQ(erreurDe("# x\nversoin 14\n"), "ligne 2 : la clé « versoin » est inconnue");

@@ -1,8 +1,7 @@
-// Les chemins, les fichiers, le paquet et les préférences, vus du programme.
+// Les chemins, les fichiers et les préférences, vus du programme.
 
 #include "commun/mac.hpp"
 #include "plateforme/fichiers.hpp"
-#include "plateforme/paquet.hpp"
 #include "plateforme/posix/natif.hpp"
 #include "plateforme/preferences.hpp"
 
@@ -11,7 +10,6 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
-using Genre = plateforme::ValeurInfo::Genre;
 
 TEST(Chemins, SeulsLesDossiersDuMacPassentSousLaRacine) {
     const essai::Mac mac;
@@ -34,20 +32,6 @@ TEST(Fichiers, RetirerUnLienNeToucheRienDerriereLui) {
     EXPECT_TRUE(plateforme::supprimer("/Users/lien"));
     EXPECT_EQ(mac.lire("/Users/cible/dedans"), "à garder");
     EXPECT_FALSE(plateforme::supprimer("/Users/lien"));
-}
-
-TEST(Paquet, UnTexteSeDistingueDUneAutreValeurEtDUneAbsence) {
-    const essai::Mac mac;
-    mac.poser(plateforme::cheminPaquet() + "/Contents/Info.plist",
-              "<plist><dict><key>texte</key><string>1.0 &amp; é</string>\n<key>vide</key><string/>"
-              "<key>faux</key><false/><key>coupé");
-    for (const auto& [cle, genre, texte] : {std::tuple{"texte", Genre::texte, "1.0 & é"},
-                                            {"vide", Genre::texte, ""},
-                                            {"faux", Genre::autre, "0"},
-                                            {"coupé", Genre::absente, ""}}) {
-        EXPECT_EQ(plateforme::valeurInfo(cle).genre, genre) << cle;
-        EXPECT_EQ(plateforme::valeurInfo(cle).texte, texte) << cle;
-    }
 }
 
 TEST(Preferences, SurviventAUneFinBrutaleEtSeRetirent) {

@@ -1,22 +1,10 @@
-// Ce qui dépend de la langue, et les listes de propriétés.
+// Les listes de propriétés.
 
 #include "commun/liste_relue.hpp"
 #include "commun/mac.hpp"
-#include "plateforme/langue.hpp"
 #include "plateforme/liste_proprietes.hpp"
 
-#include <algorithm>
-
 using Noms = std::vector<std::string>;
-
-TEST(Ordre, EnFrancaisNiLAccentNiLaCasseNeDecident) {
-    ::setenv("LC_ALL", "fr_FR.UTF-8", 1);
-    Noms noms{"Zoé", "Lux", "lightkey", "Isadora", "Émile"};
-    std::sort(noms.begin(), noms.end(), plateforme::seRangeAvant);
-    EXPECT_EQ(noms, (Noms{"Émile", "Isadora", "lightkey", "Lux", "Zoé"}));
-    EXPECT_FALSE(plateforme::seRangeAvant("Lightkey", "lightkey"));
-    EXPECT_FALSE(plateforme::seRangeAvant("lightkey", "Lightkey"));
-}
 
 TEST(ListeDeProprietes, SeRelitTelleQuelle) {
     const essai::Mac mac;
