@@ -12,8 +12,15 @@ Journal::Journal()
     : fichier_(plateforme::dossierPersonnel() + "/Library/Logs/Assistant Lumivia.log") {}
 
 void Journal::note(const std::string& message) {
-    lignes_.push_back('[' + plateforme::horodatageLocal() + "] " + message);
-    ecrire(lignes_.back() + "\n");
+    const std::string horodatage = plateforme::horodatageLocal();
+    std::string& ligne = lignes_.emplace_back();
+    ligne.reserve(horodatage.size() + message.size() + 3); // elle reste : rien de trop
+    ligne += '[';
+    ligne += horodatage;
+    ligne += ']';
+    ligne += ' ';
+    ligne += message;
+    ecrire(ligne + "\n");
 }
 
 void Journal::ecrire(const std::string& ligne) const {
