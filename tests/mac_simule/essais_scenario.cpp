@@ -33,20 +33,6 @@ TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
     }
 }
 
-TEST(CreerMac, TousLesScenariosSontDecritsEtSeCreent) {
-    const Fini liste = lancer(cite(CREER_MAC) + " --liste");
-    EXPECT_EQ(liste.code, 0);
-    std::istringstream lignes(liste.sortie);
-    int nombre = 0;
-    for (std::string ligne; std::getline(lignes, ligne); ++nombre) {
-        const std::string nom = ligne.substr(0, ligne.find(' '));
-        EXPECT_NE(ligne.find_first_not_of(' ', nom.size()), std::string::npos) << ligne;
-        const MacEssai mac(nom);
-        EXPECT_EQ(lancer(cite(CREER_MAC) + " --verifier " + cite(mac.racine())).code, 0) << nom;
-    }
-    EXPECT_GE(nombre, 12);
-}
-
 TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
     const MacEssai hote("pret"); // pour son dossier, que l'essai emporte à sa fin
     const fs::path d = hote.reel("/essai été");

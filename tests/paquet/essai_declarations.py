@@ -1,9 +1,7 @@
 """Les déclarations de la construction croisée, face à ce que l'exécutable appelle vraiment."""
 
-import json
 import os
 import re
-import subprocess
 import unittest
 from pathlib import Path
 
@@ -86,21 +84,6 @@ class Declarations(unittest.TestCase):
         trouvees = re.findall(r"\b((?:NS|k[A-Z]|OBJC_)\w+) = ([^,;}\n]+)", self.declare)
         valeurs = {nom: eval(valeur.replace("ULL", "")) for nom, valeur in trouvees}
         self.assertEqual(valeurs, VALEURS)
-
-    def test_refusent_un_appel_plus_recent_que_la_version_minimale(self):
-        commandes = json.loads(subprocess.run(
-            ["ninja", "-f", CROISE / "build.ninja", "-t", "compdb", "compiler"],
-            cwd=RACINE, check=True, capture_output=True, text=True).stdout)
-        # Les sémaphores de libc++ sont de macOS 11.
-        source = "#include <semaphore>\nvoid f(std::counting_semaphore<1>& s) { s.acquire(); }\n"
-        statuts = {}
-        for puce in ("x86_64", "arm64"):
-            commande = next(c["command"] for c in commandes if c["file"] == "app/main.cpp"
-                            and f"-target {puce}-" in c["command"]).split(" -MD ")[0]
-            fin = subprocess.run(f"{commande} -fsyntax-only -x c++ -", shell=True, cwd=RACINE,
-                                 input=source, capture_output=True, text=True)
-            statuts[puce] = (fin.returncode == 0, "introduced in macOS 11.0" in fin.stderr)
-        self.assertEqual(statuts, {"x86_64": (False, True), "arm64": (True, False)})
 
 
 if __name__ == "__main__":

@@ -10,10 +10,8 @@ import re
 import sys
 from pathlib import Path
 
-ECRITURES = {"creat", "mkdir", "mkdirat", "mknod", "mknodat", "rename", "renameat", "renameat2",
-             "link", "linkat", "symlink", "symlinkat", "unlink", "unlinkat", "rmdir", "truncate",
-             "chmod", "fchmodat", "chown", "lchown", "fchownat", "utime", "utimes", "utimensat",
-             "setxattr", "lsetxattr", "removexattr"}
+ECRITURES = re.compile(r"creat|(mk(dir|nod)|rename|link|symlink|unlink|rmdir|truncate|[lf]?chown|f?chmod|"
+                       r"utime|l?setxattr|l?removexattr)(s|at|at2|nsat)?")
 EXECUTABLE = "/Assistant Lumivia.app/Contents/MacOS/Assistant Lumivia"
 
 
@@ -47,7 +45,7 @@ def geste(appel, arguments, retour):
     if appel in ("open", "openat", "openat2"):
         ecrit = re.search(r"O_(WRONLY|RDWR|CREAT|TRUNC|APPEND)", arguments)
         return "écrit" if ecrit else "lit", chaines[:1]
-    if appel in ECRITURES and "EEXIST" not in retour:
+    if ECRITURES.fullmatch(appel) and "EEXIST" not in retour:
         return "écrit", chaines
     if appel == "ftruncate":
         return "écrit", [os.fsdecode(codecs.escape_decode(arguments.split("<")[1].split(">")[0])[0])]
