@@ -39,7 +39,15 @@ public:
 private:
     void element(const char* nom, const std::string& texte) {
         complete_ = complete_ && estEcrivable(texte);
-        xml_.writeTextElement(QString::fromLatin1(nom), QString::fromStdString(texte));
+        xml_.writeStartElement(QString::fromLatin1(nom));
+        const QStringList parties = QString::fromStdString(texte).split(u'\r');
+        xml_.writeCharacters(parties.front());
+        for (const QString& suite : parties.mid(1)) {
+            // Tel quel, un retour chariot serait relu comme une fin de ligne.
+            xml_.writeEntityReference(QStringLiteral("#13"));
+            xml_.writeCharacters(suite);
+        }
+        xml_.writeEndElement();
     }
 
     void ecrireValeur(bool vrai) {
