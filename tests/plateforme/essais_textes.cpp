@@ -8,14 +8,14 @@ using Noms = std::vector<std::string>;
 
 TEST(ListeDeProprietes, SeRelitTelleQuelle) {
     const essai::Mac mac;
-    const auto liste = plateforme::serialiserListe({{"un & <deux>", std::string(" \"é'🎉]]>\n ")},
+    const auto liste = plateforme::serialiserListe({{"un & <deux>", std::string(" \"é'🎉]]>\r\n ")},
                                                     {"rien", Noms{}},
                                                     {"noms", Noms{"", "a&b"}},
                                                     {"faux", false}});
     ASSERT_TRUE(liste.octets.has_value());
     mac.poser("/Users/liste", *liste.octets);
     EXPECT_EQ(essai::relireListe(mac.reel("/Users/liste"), "d"),
-              "{'un & <deux>': ' \"é\\'🎉]]>\\n ', 'rien': [], 'noms': ['', 'a&b'], "
+              "{'un & <deux>': ' \"é\\'🎉]]>\\r\\n ', 'rien': [], 'noms': ['', 'a&b'], "
               "'faux': False}");
 }
 
