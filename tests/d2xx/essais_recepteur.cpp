@@ -1,5 +1,5 @@
-// Le récepteur, son compteur, sur des événements choisis.
-#include "mac_simule/d2xx/compteur.hpp"
+// Le récepteur, sur des événements choisis.
+#include "mac_simule/d2xx/recepteur.hpp"
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -83,39 +83,4 @@ TEST(Recepteur, UneRuptureTropTotCoupeLaTrameEtTropTardPerdLeSignal) {
         EXPECT_EQ(verdict(espace.fin(poser(espace, (1000 + ecart) * milliseconde))),
                   ecart == 0 ? Verdict::correct : Verdict::rupturesEspacees);
     }
-}
-
-TEST(Recepteur, UneTrameEcriteEnPlusieursFoisRestUneTrame) {
-    std::vector<std::uint8_t> octets(513, 40);
-    octets[0] = 0;
-    octets[512] = 90;
-    const std::span<const std::uint8_t> tous(octets);
-    Recepteur recepteur;
-    recepteur.rupture(0);
-    recepteur.marque(microsecondes(200));
-    recepteur.octets(microsecondes(325), dmx, tous.first(100));
-    recepteur.octets(milliseconde * 5, dmx, tous.subspan(100));
-    const Trame trame = recepteur.fin(milliseconde * 100).value_or(Trame{});
-    EXPECT_EQ(trame.verdict(), Verdict::correct);
-    EXPECT_EQ(trame.niveauMin, 40);
-    EXPECT_EQ(trame.niveauMax, 90);
-}
-
-TEST(Compteur, TientLaCadenceEtLeNiveauDeLaDerniereTrameComprise) {
-    Recepteur recepteur;
-    Compteur compteur;
-    Nanosecondes instant = 0;
-    for (int i = 0; i < 40; ++i, instant += milliseconde * 25) {
-        poser(recepteur, instant, {.niveau = 80});
-        compteur.compter(recepteur.fin(instant + milliseconde * 24).value_or(Trame{}));
-    }
-    EXPECT_EQ(compteur.bilan().milliTramesParSeconde, 40'000U);
-    poser(recepteur, instant, {.rupture = microsecondes(50), .niveau = 200});
-    compteur.compter(recepteur.fin(instant + milliseconde * 24).value_or(Trame{}));
-    const Reception& bilan = compteur.bilan();
-    EXPECT_EQ(bilan.trames, 41U);
-    EXPECT_EQ(bilan.correctes, 40U);
-    EXPECT_EQ(bilan.niveauMax, 80) << "une trame illisible ne change pas la lumière";
-    EXPECT_EQ(bilan.verdict, Verdict::ruptureCourte);
-    EXPECT_LT(bilan.derniereComprise, bilan.derniereTrame);
 }

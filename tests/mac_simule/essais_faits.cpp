@@ -1,7 +1,6 @@
-// Les fonctions pures : chemins et effets d'un redémarrage.
+// Les chemins de Mac dans un texte : leur préfixe mis et ôté.
 
 #include "mac_simule/racine/chemins.hpp"
-#include "mac_simule/racine/redemarrage.hpp"
 
 #include "mac_essai.hpp"
 
@@ -33,19 +32,4 @@ TEST(Chemins, LePrefixeEstOteOuQueLeTexteSoitCoupe) {
         sortie += filtre.finir();
         EXPECT_EQ(sortie, attendu) << coupe;
     }
-}
-
-TEST(Redemarrage, CeQuiAQuitteLeDisqueEtLesExtensionsEnArretNeSontPlusCharges) {
-    const std::string reste = "com.apple.x\t1\t/System/Library/Extensions/x.kext\n"
-                              "a.la\t1\t/Library/Extensions/la.kext\n";
-    EXPECT_EQ(kextsApresRedemarrage(reste + "a.parti\t1\t/Library/Extensions/parti.kext\n",
-                                    [](const std::string& c) { return contient(c, "la.k"); }),
-              reste);
-    const std::string autre = "*\t*\tT\tautre (1/1)\tA\t[activated enabled]\n";
-    EXPECT_EQ(
-        extensionsApresRedemarrage(
-            "\t\tT\tcom.ftdi.vcp.dext (1.1/0)\tN\t[terminated waiting to uninstall on reboot]\n"
-            "\t\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[terminating for disable but still running]\n" +
-            autre),
-        "\t*\tT\tcom.ftdi.vcp.dext (1.6/0)\tN\t[activated disabled]\n" + autre);
 }
