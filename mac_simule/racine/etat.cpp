@@ -13,8 +13,9 @@ namespace fs = std::filesystem;
 
 std::string lireFichier(const fs::path& chemin) {
     std::ifstream flux(chemin, std::ios::binary);
-    // Une lecture qui échoue en route (un processus qui vient de finir, sous /proc) rend ce qui a été
-    // lu : l'opérateur retient l'exception que le tampon lance, un itérateur la laisserait passer.
+    // Une lecture qui échoue en route (un processus qui vient de finir, sous /proc) rend ce qui a
+    // été lu : l'opérateur retient l'exception que le tampon lance, un itérateur la laisserait
+    // passer.
     std::ostringstream texte;
     texte << flux.rdbuf();
     return texte.str();
