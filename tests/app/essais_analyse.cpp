@@ -1,6 +1,7 @@
 // L'analyse et le rapport.
 #include "app/conduite.hpp"
 
+#include "actions/actions.hpp"
 #include "plateforme/preferences.hpp"
 
 using essai::Conduite;
@@ -17,10 +18,13 @@ void retenirLAnalyse(const Conduite& c) {
 
 } // namespace
 
-TEST(Analyse, uneMarquePerimeeEstOubliee) {
+TEST(Analyse, commenceSeuleApresUnRedemarrageDontElleOublieLaMarque) {
     Conduite c;
     plateforme::ecrirePreference(kCle, "un autre démarrage");
-    c.allerAuResultat();
+    Actions::programmerRelance();
+    c.demarrer();
+    ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
+    EXPECT_EQ(c.compter("Rouvert automatiquement après le redémarrage"), 1);
     EXPECT_EQ(plateforme::lirePreference(kCle), std::nullopt);
     EXPECT_EQ(c.compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
     EXPECT_EQ(c.textes()[4], "✅  Aucun ancien pilote à retirer.");

@@ -32,12 +32,17 @@ protected:
 
 } // namespace
 
-TEST_F(Retrait, sansReconstructionNiExtensionAnalyseANouveau) {
+TEST_F(Retrait, reessayeSansReconstructionNiExtensionAnalyseANouveau) {
     c.mac.poserEtat("kexts_charges", "");
     c.mac.poserEtat("extensions_systeme", "");
     c.cliquer("Retour");
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
     c.cliquer("Continuer");
+    c.cliquer("Retirer");
+    finir("sudo: 3 incorrect password attempts\n");
+    ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
+    EXPECT_EQ(c.compter("Résultat du retrait (échec) :\nsudo: 3 incorrect"), 1);
+    c.cliquer("Réessayer");
     c.cliquer("Retirer");
     finir("sauvegarde : /x\n");
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
@@ -49,9 +54,6 @@ TEST_F(Retrait, unScriptQuiNeSecritPasMeneALEchecAussitot) {
     c.cliquer("Retirer");
     EXPECT_EQ(c.titre(), "Le retrait n'a pas abouti");
     EXPECT_EQ(c.compter("Impossible d'écrire le script : "), 1);
-    EXPECT_EQ(c.parDefaut(), "Réessayer");
-    c.cliquer("Réessayer");
-    EXPECT_EQ(c.titre(), "Retirer l'ancien pilote");
 }
 
 TEST_F(Retrait, dixRecommencerNeLisentLeResultatQuUneFoisMemeSansImages) {
