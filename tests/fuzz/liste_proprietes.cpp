@@ -10,25 +10,20 @@
 namespace {
 
 using plateforme::DictionnairePropriete;
+using plateforme::ValeurPropriete;
 
-// Chaque ligne est une clé, ou un texte, ou une suite de textes entre tabulations verticales.
-DictionnairePropriete dictionnaire(const QStringList& lignes) {
-    DictionnairePropriete lu;
-    for (qsizetype i = 0; i + 1 < lignes.size(); i += 2) {
-        const QStringList textes = lignes[i + 1].split(u'\v');
-        std::vector<std::string> copies;
-        std::transform(textes.begin(), textes.end(), std::back_inserter(copies),
-                       [](const QString& texte) { return texte.toStdString(); });
-        const bool seul = copies.size() == 1;
-        lu.emplace_back(lignes[i].toStdString(), !seul ? plateforme::ValeurPropriete(copies)
-                                                 : copies[0].empty()
-                                                     ? plateforme::ValeurPropriete(i % 4 == 0)
-                                                     : plateforme::ValeurPropriete(copies[0]));
+// Vide, un booléen ; coupé par des tabulations verticales, une suite de textes.
+ValeurPropriete valeur(const QString& champ) {
+    std::vector<std::string> suite;
+    for (const QString& texte : champ.split(u'\v')) {
+        suite.push_back(texte.toStdString());
     }
-    return lu;
+    return champ.isEmpty()     ? ValeurPropriete(true)
+           : suite.size() == 1 ? ValeurPropriete(suite[0])
+                               : ValeurPropriete(suite);
 }
 
-plateforme::ValeurPropriete relireValeur(QXmlStreamReader& xml) {
+ValeurPropriete relireValeur(QXmlStreamReader& xml) {
     if (xml.name() == QLatin1String("array")) {
         std::vector<std::string> textes;
         while (xml.readNextStartElement()) {
@@ -44,28 +39,23 @@ plateforme::ValeurPropriete relireValeur(QXmlStreamReader& xml) {
     return vrai;
 }
 
-bool admisParXml(QChar c) {
-    return c >= u' ' ? c < QChar(0xFFFE) : c == u'\t' || c == u'\n' || c == u'\r';
+bool admis(QChar c) {
+    return c >= u' ' ? c < QChar(0xFFFE) : c >= u'\t' && c <= u'\r'; // deux sont nos séparateurs
 }
 
 } // namespace
 
 void essai::eprouver(std::string_view octets) {
     const QString texte = QString::fromUtf8(octets.data(), static_cast<qsizetype>(octets.size()));
-    const DictionnairePropriete ecrit = dictionnaire(texte.split(u'\f'));
-    const plateforme::ListeSerialisee liste = plateforme::serialiserListe(ecrit);
-    QString tout;
-    for (const auto& [cle, valeur] : ecrit) {
-        tout += QString::fromStdString(cle);
-        if (const auto* seul = std::get_if<std::string>(&valeur)) {
-            tout += QString::fromStdString(*seul);
-        } else if (const auto* suite = std::get_if<std::vector<std::string>>(&valeur)) {
-            for (const std::string& un : *suite) {
-                tout += QString::fromStdString(un);
-            }
-        }
+    DictionnairePropriete ecrit;
+    QStringList champs = texte.split(u'\f');
+    while (champs.size() > 1) {
+        const std::string cle = champs.takeFirst().remove(u'\v').toStdString();
+        ecrit.emplace_back(cle, valeur(champs.takeFirst()));
     }
-    exiger(liste.octets.has_value() == std::all_of(tout.begin(), tout.end(), admisParXml),
+    const plateforme::ListeSerialisee liste = plateforme::serialiserListe(ecrit);
+    const qsizetype seule = champs.isEmpty() ? 0 : champs[0].size(); // une clé sans valeur
+    exiger(liste.octets.has_value() == std::all_of(texte.begin(), texte.end() - seule, admis),
            "seul ce que XML admet s'écrit");
     exiger(liste.octets.has_value() == liste.erreur.empty(), "un échec se dit");
     if (!liste.octets) {

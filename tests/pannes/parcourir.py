@@ -115,8 +115,6 @@ class Vie:
             self.sortie = fin.stdout + fin.stderr
             self.fichiers = {nom: self.lire(nom) for nom in (JOURNAL, SCRIPT, AGENT, MARQUE)}
             self.demarrage = self.lire("/etat/demarrage").strip()
-            self.executable = pathlib.Path(self.mac + SCRIPT).stat().st_mode & 0o777 == 0o755 \
-                if self.fichiers[SCRIPT] else None
             self.restes = [f.name for f in pathlib.Path(self.mac).rglob("*")
                            if re.search(r"\.\w{6}$", f.name)]
             self.redemarre = self.lire("/etat/redemarrage_demande") is not None
@@ -183,7 +181,6 @@ class Vie:
         entier = temoin.fichiers[SCRIPT] or ""
         yield "le script n'est pas entier", self.fichiers[SCRIPT] not in (
             None, entier, entier.replace('"oui" = "oui"', '"non" = "oui"'))
-        yield "le script n'est pas exécutable", self.executable is False
         yield "la marque n'est pas entière", self.fichiers[MARQUE] not in (None, self.demarrage)
         yield "la demande de redémarrage manque", \
             self.redemarre != temoin.redemarre and nature != "la demande de redémarrage"
