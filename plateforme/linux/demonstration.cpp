@@ -52,6 +52,9 @@ public:
         regard_.start(kIntervalle);
         sansChangement_.start();
         qApp->installEventFilter(this);
+        // La page que l'ouverture a déjà montrée : celle d'une analyse peut finir avant le premier
+        // regard régulier, si la première peinture de la fenêtre prend du temps.
+        QTimer::singleShot(0, this, [this] { regarder(); });
     }
 
     // Une page qui ne dure que le temps d'une analyse passe entre deux regards : sa mise en place
