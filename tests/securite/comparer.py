@@ -10,8 +10,8 @@ import re
 import sys
 from pathlib import Path
 
-ECRITURES = re.compile(r"creat|(mk(dir|nod)|rename|link|symlink|unlink|rmdir|truncate|[lf]?chown|f?chmod|"
-                       r"utime|l?setxattr|l?removexattr)(s|at|at2|nsat)?")
+ECRITURES = re.compile(r"creat|(mk(dir|nod)|rename|link|symlink|unlink|rmdir|truncate|[lf]?chown|"
+                       r"f?chmod|utime|l?setxattr|l?removexattr)(s|at|at2|nsat)?")
 EXECUTABLE = "/Assistant Lumivia.app/Contents/MacOS/Assistant Lumivia"
 
 
@@ -47,8 +47,6 @@ def geste(appel, arguments, retour):
         return "écrit" if ecrit else "lit", chaines[:1]
     if ECRITURES.fullmatch(appel) and "EEXIST" not in retour:
         return "écrit", chaines
-    if appel == "ftruncate":
-        return "écrit", [os.fsdecode(codecs.escape_decode(arguments.split("<")[1].split(">")[0])[0])]
     if appel in ("connect", "bind", "sendto", "sendmsg") and "sun_path" in arguments:
         return "connecte", chaines[:1]
     if appel in ("connect", "bind") or appel == "socket" and "AF_UNIX" not in arguments:
@@ -57,7 +55,7 @@ def geste(appel, arguments, retour):
 
 
 def gestes(trace):
-    """(geste, cible) de l'assistant et de ses enfants directs, jusqu'à ce qu'ils changent de programme."""
+    """(geste, cibles) de l'assistant, et de ses enfants avant qu'ils changent de programme."""
     roles = {}
     for pid, texte, retour in appels(trace):
         appel, arguments = texte.split("(", 1)
@@ -66,7 +64,8 @@ def gestes(trace):
             roles[retour.split()[0]] = role if "CLONE_THREAD" in arguments else "enfant"
         elif appel in ("execve", "execveat"):
             if role:
-                yield "lance", textes(arguments)[1:]
+                programme, _, *suite = textes(arguments)
+                yield "lance", [programme, *suite]
             if reussi:
                 devient = textes(arguments)[0].endswith(EXECUTABLE)
                 roles[pid] = "assistant" if devient else None
