@@ -50,7 +50,7 @@ void Banc::suivre() {
 }
 
 void Banc::relireTout() {
-    if (!racine_.existe() || racine_.present("banc_fin")) {
+    if (!racine_.existe()) {
         close();
         return;
     }

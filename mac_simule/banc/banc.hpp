@@ -1,9 +1,8 @@
 // La fenêtre « Mac simulé » : quatre panneaux sur la racine d'un Mac, et rien d'autre.
 //
 // Elle regarde le projecteur vingt-cinq fois par seconde, le reste quatre fois. Elle se ferme quand
-// sa racine disparaît ou que etat/banc_fin y paraît. Quand etat/demonstration/portrait_demande
-// paraît, elle enregistre son image au chemin qu'il contient, puis retire la demande. Fil
-// principal.
+// sa racine disparaît. Quand etat/demonstration/portrait_demande paraît, elle enregistre son image
+// au chemin qu'il contient, puis retire la demande. Fil principal.
 #pragma once
 
 #include "mac_simule/banc/racine.hpp"
