@@ -65,7 +65,7 @@ bool echoue(const char* genre, int erreur, const void* retour, const char* chemi
     }
     const std::lock_guard<std::mutex> garde(pannes.verrou);
     const long rang = ++pannes.comptes[genre];
-    if (pannes.voulue != genre + (" " + std::to_string(rang))) {
+    if (pannes.voulue != std::string(genre) + ' ' + std::to_string(rang)) {
         return false;
     }
     std::printf("panne\t%s\n", chemin);
