@@ -2,6 +2,7 @@
 
 #include "plateforme/linux/apparence.hpp"
 #include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/composition.hpp"
 #include "plateforme/linux/demonstration.hpp"
 #include "plateforme/linux/fenetre_qt.hpp"
 #include "plateforme/linux/file_principale.hpp"
@@ -48,16 +49,6 @@ void ecouterLaFin() {
     ::sigaction(SIGTERM, &action, nullptr);
 }
 
-void copierSelection() {
-    if (const auto* etiquette = qobject_cast<QLabel*>(QApplication::focusWidget());
-        etiquette != nullptr && etiquette->hasSelectedText()) {
-        // La sélection d'une étiquette sépare ses lignes à la manière d'un document.
-        QGuiApplication::clipboard()->setText(etiquette->selectedText()
-                                                  .replace(QChar::ParagraphSeparator, '\n')
-                                                  .replace(QChar::LineSeparator, '\n'));
-    }
-}
-
 void declencher(ActionMenu action) {
     if (action == ActionMenu::terminer) {
         terminerApplication();
@@ -67,6 +58,13 @@ void declencher(ActionMenu action) {
 }
 
 } // namespace
+
+void copierSelection() {
+    if (const auto* etiquette = qobject_cast<QLabel*>(QApplication::focusWidget());
+        etiquette != nullptr && etiquette->hasSelectedText()) {
+        QGuiApplication::clipboard()->setText(texteACopier(etiquette->selectedText()));
+    }
+}
 
 QApplication& applicationQt() {
     static QApplication& application = *[] {

@@ -7,4 +7,7 @@ namespace plateforme {
 
 QApplication& applicationQt();
 
+// Met dans le presse-papiers ce qui est sélectionné dans l'étiquette qui a le clavier.
+void copierSelection();
+
 } // namespace plateforme

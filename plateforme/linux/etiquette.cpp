@@ -4,6 +4,7 @@
 #include "plateforme/linux/vue_native.hpp"
 
 #include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
 
@@ -42,6 +43,7 @@ public:
         setAlignment(Qt::AlignLeft | Qt::AlignTop);
         setCursor(Qt::IBeamCursor);
         setFocusPolicy(Qt::ClickFocus);
+        setContextMenuPolicy(Qt::NoContextMenu); // il copierait la composition avec le texte
     }
 
     QSize sizeHint() const override {
@@ -71,6 +73,14 @@ protected:
             confierAQt();
         }
         QLabel::mousePressEvent(evenement);
+    }
+
+    void keyPressEvent(QKeyEvent* evenement) override {
+        if (evenement->matches(QKeySequence::Copy)) {
+            copierSelection();
+        } else {
+            QLabel::keyPressEvent(evenement);
+        }
     }
 
 private:

@@ -1,51 +1,13 @@
 #include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/image_qt.hpp"
 #include "plateforme/linux/vue_native.hpp"
 #include "plateforme/posix/natif.hpp"
 
 #include <QtCore/QHash>
 #include <QtGui/QImageReader>
-#include <QtGui/QPainter>
-#include <QtGui/QPixmapCache>
 
 namespace plateforme {
 namespace {
-
-// Une image nette à toutes les échelles : elle est réduite au moment d'être peinte, une fois par
-// taille.
-class ImageQt : public QWidget {
-public:
-    explicit ImageQt(QImage image) : image_(std::move(image)) {}
-
-    QSizeF taille() const { return image_.size(); }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter peintre(this);
-        const QSizeF place = size();
-        const QSizeF tenue = taille().scaled(place, Qt::KeepAspectRatio);
-        const QPointF coin((place.width() - tenue.width()) / 2,
-                           (place.height() - tenue.height()) / 2);
-        peintre.drawPixmap(coin, reduite((tenue * devicePixelRatioF()).toSize()));
-    }
-
-private:
-    QPixmap reduite(QSize pixels) const {
-        const QString cle = QStringLiteral("image %1 %2x%3")
-                                .arg(image_.cacheKey())
-                                .arg(pixels.width())
-                                .arg(pixels.height());
-        QPixmap copie;
-        if (!QPixmapCache::find(cle, &copie)) {
-            copie = QPixmap::fromImage(
-                image_.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-            QPixmapCache::insert(cle, copie);
-        }
-        copie.setDevicePixelRatio(devicePixelRatioF());
-        return copie;
-    }
-
-    QImage image_;
-};
 
 std::shared_ptr<VueNative> nouvelle(QWidget* vue) {
     return std::make_shared<VueNative>(vue);
@@ -80,7 +42,6 @@ MenuLocal::MenuLocal(const std::vector<std::string>& articles, std::function<voi
           return nouvelle(new QComboBox);
       }()) {
     auto& menu = widget<QComboBox>(*this);
-    menu.setFont(police(kTailleOrdinaire, false));
     for (const std::string& article : articles) {
         menu.addItem(texteQt(article));
     }
@@ -103,9 +64,7 @@ std::optional<VueImage> VueImage::lire(const std::string& chemin, const std::str
     if (image.isNull()) {
         return std::nullopt;
     }
-    auto* vue = new ImageQt(image);
-    vue->setAccessibleName(texteQt(description));
-    return VueImage(nouvelle(vue));
+    return VueImage(nouvelle(new ImageQt(image, texteQt(description))));
 }
 
 TailleImage VueImage::tailleImage() const {

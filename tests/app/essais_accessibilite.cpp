@@ -1,0 +1,116 @@
+// Ce qu'une aide à l'accessibilité lit de l'assistant, et ce qui en tient à l'écran.
+#include "app/conduite.hpp"
+
+#include <QtGui/QAccessible>
+
+using essai::Conduite;
+using Noms = std::vector<std::string>;
+
+namespace {
+
+// Parcourt l'arbre comme une aide le fait, depuis la fenêtre, et garde ce qui se voit.
+void parcourir(QAccessibleInterface& ici, QAccessible::Role role,
+               std::vector<QAccessibleInterface*>& trouvees) {
+    if (ici.state().invisible) {
+        return;
+    }
+    if (ici.role() == role) {
+        trouvees.push_back(&ici);
+    }
+    for (int i = 0; i < ici.childCount(); ++i) {
+        parcourir(*ici.child(i), role, trouvees);
+    }
+}
+
+std::vector<QAccessibleInterface*> lues(QWidget& fenetre, QAccessible::Role role) {
+    std::vector<QAccessibleInterface*> trouvees;
+    parcourir(*QAccessible::queryAccessibleInterface(&fenetre), role, trouvees);
+    return trouvees;
+}
+
+Noms noms(QWidget& fenetre, QAccessible::Role role) {
+    Noms lus;
+    for (const QAccessibleInterface* vue : lues(fenetre, role)) {
+        lus.push_back(vue->text(QAccessible::Name).toStdString());
+    }
+    return lus;
+}
+
+void exigerQueToutTienne(const Conduite& c) {
+    const QWidget* contenu = c.fenetre().contenu();
+    EXPECT_EQ(contenu->size(), QSize(760, 620));
+    EXPECT_LE(contenu->layout()->minimumSize().height(), 620) << c.titre();
+    for (const QWidget* vue : contenu->findChildren<QWidget*>()) {
+        const QRect place(vue->mapTo(contenu, QPoint()), vue->size());
+        EXPECT_TRUE(vue->isHidden() || contenu->rect().contains(place)) << c.titre();
+        EXPECT_GE(vue->height(), vue->minimumSizeHint().height()) << c.titre();
+    }
+}
+
+// Un Mac, l'échelle de son écran.
+class Echelle : public ::testing::TestWithParam<std::tuple<std::string, std::string>> {};
+
+} // namespace
+
+TEST(Accessibilite, lesPagesSeLisentEtSeConduisent) {
+    Conduite c("deux-emetteurs");
+    c.allerAuResultat();
+    EXPECT_EQ(noms(c.fenetre(), QAccessible::StaticText), c.textes());
+    EXPECT_EQ(c.textes()[4], "✅  Aucun ancien pilote à retirer.");
+    EXPECT_EQ(noms(c.fenetre(), QAccessible::PushButton),
+              (Noms{"Analyser à nouveau", "Continuer", "Copier le rapport pour le support"}));
+    QAccessibleInterface* continuer = lues(c.fenetre(), QAccessible::PushButton)[1];
+    continuer->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(c.attendrePage("Tester avec votre projecteur"));
+    c.cliquer("Oui");
+    EXPECT_EQ(noms(c.fenetre(), QAccessible::ComboBox), Noms{"Chataigne"});
+    QApplication::setActiveWindow(&c.fenetre());
+    c.touche(Qt::Key_Tab);
+    EXPECT_TRUE(lues(c.fenetre(), QAccessible::ComboBox)[0]->state().focused);
+}
+
+TEST(Accessibilite, lesImagesDisentCeQuEllesMontrent) {
+    Conduite c("complet");
+    c.mac.poserOutil("/usr/bin/open", "exit 0");
+    c.allerAuResultat();
+    c.cliquer("Continuer");
+    for (const char* page : {"Retirer l'ancien pilote", "Retrait en cours…"}) {
+        ASSERT_EQ(c.titre(), page);
+        EXPECT_EQ(
+            noms(c.fenetre(), QAccessible::Graphic),
+            (Noms{"Étape 1 : la fenêtre Terminal demande le mot de passe de votre session.",
+                  "Étape 2 : une fenêtre demande à nouveau le mot de passe ; cliquez sur OK."}));
+        c.cliquer(c.parDefaut());
+    }
+}
+
+TEST(Accessibilite, uneAlerteSeLitEtEchappSuffitALaFermer) {
+    Conduite c;
+    c.demarrer();
+    Noms textes;
+    QTimer::singleShot(0, [&] {
+        QWidget* alerte = QApplication::activeModalWidget();
+        textes = noms(*alerte, QAccessible::StaticText);
+        EXPECT_EQ(noms(*alerte, QAccessible::PushButton), Noms{"OK"});
+        QKeyEvent echapp(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(alerte, &echapp);
+    });
+    c.cliquer("Copier le rapport pour le support");
+    EXPECT_EQ(textes, (Noms{"Rapport copié", "Collez-le (⌘V) dans un e-mail à Voltaris."}));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_P(Echelle, lesPagesLesPlusLonguesTiennentDansLaFenetre) {
+    const auto [mac, echelle] = GetParam();
+    qputenv("QT_SCALE_FACTOR", echelle.c_str());
+    Conduite c(mac);
+    c.allerAuResultat();
+    EXPECT_EQ(c.fenetre().devicePixelRatioF(), std::stod(echelle));
+    exigerQueToutTienne(c);
+    c.cliquer("Continuer"); // le retrait, ou l'extension : les pages qui ont des images
+    exigerQueToutTienne(c);
+}
+
+INSTANTIATE_TEST_SUITE_P(Accessibilite, Echelle,
+                         ::testing::Combine(::testing::Values("complet", "extension-seule"),
+                                            ::testing::Values("1", "2")));
