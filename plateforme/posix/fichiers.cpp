@@ -145,7 +145,7 @@ Erreur ecrire(const std::string& chemin, const std::string& contenu) {
     }
     if (!ecrireTout(fichier.numero(), contenu) || !fichier.fermer()) {
         const int cause = errno;
-        ::unlink(reel.c_str());
+        ::unlink(reel.c_str()); // un échec de plus n'ôte rien à la première cause, qui est dite
         return decrireErreur(cause, chemin);
     }
     return std::nullopt;

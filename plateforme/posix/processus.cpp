@@ -134,7 +134,8 @@ FinDeProcessus executer(const std::string& chemin, const std::vector<std::string
     }
     // La lecture d'abord : un enfant qui remplit le tube attendrait sinon pour toujours.
     std::string octets = lireJusquALaFin(lecture.numero());
-    // Après une erreur de lecture, l'enfant écrit peut-être encore : sans lecteur, il s'arrête.
+    // Après une erreur de lecture, l'enfant écrit peut-être encore : sans lecteur, il s'arrête. Que
+    // cette fermeture échoue n'y change rien : le descripteur est rendu de toute façon.
     lecture.fermer();
     return {std::move(octets), attendre(enfant)};
 }
