@@ -21,12 +21,16 @@ mesurer_demarrage() {
 analyse_assistant() { sur complet "$programmes/analyse/mesure_analyse" 50; }
 analyse_outils() {
     "$programmes/commun/mesure_chronometrer" 50 /bin/sh "$racine/mesures/analyse/outils.sh" 50 \
-        "$travail/complet"
+        "$travail/complet" "$@"
 }
+analyse_outils_lus() { analyse_outils lire; }
 
 mesurer_analyse() {
     alterner "$(tours 9 31)" analyse_assistant analyse_outils "$travail/analyse"
     ligne_rapport "Une analyse / les mêmes outils par /bin/sh" "$travail/analyse" 1e6 ms 3 ≤ 1.10
+    alterner "$(tours 7 15)" analyse_assistant analyse_outils_lus "$travail/analyse-lue"
+    ligne_rapport "La même / le shell lisant aussi ce que les outils affichent" \
+        "$travail/analyse-lue" 1e6 ms 3 ≤ ''
 }
 
 commande_assistant() { "$programmes/commande/mesure_commande" 300 /bin/echo Lumivia; }
@@ -68,7 +72,7 @@ mesurer_journal() {
 }
 
 # Pages : chaque changement de deux parcours, puis le tout premier affichage de chaque page dans un
-# processus neuf, qui lit aussi images et lettres ; on juge chaque fois la plus lente, par sa médiane.
+# processus neuf, qui ouvre aussi polices et images ; on retient la page la plus lente, par sa médiane.
 mesurer_pages() {
     local tours
     tours=$(tours 60 200)
@@ -78,9 +82,9 @@ mesurer_pages() {
     } >"$travail/pages" || echouer "le parcours des pages n'est pas allé au bout."
     premiers_affichages "$(tours 5 15)" >"$travail/premiers" ||
         echouer "le premier affichage des pages n'est pas allé au bout."
-    ligne_pages "$travail/pages" "Changement de page, la plus lente" tail
-    ligne_pages "$travail/pages" "Changement de page, la plus rapide" head
-    ligne_pages "$travail/premiers" "Premier affichage d'une page, la plus lente" tail
+    ligne_pages "$travail/pages" "Changement de page, la plus lente" tail 8
+    ligne_pages "$travail/pages" "Changement de page, la plus rapide" head 8
+    ligne_pages "$travail/premiers" "Premier affichage d'une page, la plus lente" tail ''
 }
 
 changements() { sur "$1" "$programmes/pages/mesure_pages" duree "${@:2}"; }
@@ -96,7 +100,7 @@ premiers_affichages() {
         !vus[titre]++'
 }
 
-ligne_pages() { # « durée titre » par ligne, libellé, tail (la plus lente) ou head (la plus rapide)
+ligne_pages() { # « durée titre » par ligne, libellé, tail (la plus lente) ou head (la plus rapide), objectif
     local medianes=$travail/pages-medianes durees=$travail/pages-durees titre
     cut -d ' ' -f 2- "$1" | LC_ALL=C sort -u | while read -r titre; do
         printf '%s %s\n' "$(durees_de "$titre" "$1" | quantile 0.5)" "$titre"
@@ -104,7 +108,7 @@ ligne_pages() { # « durée titre » par ligne, libellé, tail (la plus lente) o
     titre=$("$3" -n 1 "$medianes" | cut -d ' ' -f 2-)
     durees_de "$titre" "$1" >"$durees"
     ligne_valeur "$2 (« $titre »)" "$(quantile 0.5 <"$durees")" 2 " ms" \
-        "$(nombre "$(quantile 0.25 <"$durees")" 2) – $(nombre "$(quantile 0.75 <"$durees")" 2)" '<' 8
+        "$(nombre "$(quantile 0.25 <"$durees")" 2) – $(nombre "$(quantile 0.75 <"$durees")" 2)" '<' "$4"
 }
 
 durees_de() { # en millisecondes
