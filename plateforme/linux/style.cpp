@@ -55,14 +55,18 @@ void peindreMenuLocal(QPainter& peintre, const QStyleOptionComboBox& option) {
     peindreChevron(peintre, option.rect, couleurs.texte);
 }
 
+void peindreSurbrillance(QPainter& peintre, const QRect& place, const QPalette& palette) {
+    peintre.setPen(Qt::NoPen);
+    peintre.setBrush(palette.highlight());
+    peintre.drawRoundedRect(place, kRayonArticle, kRayonArticle);
+}
+
 void peindreArticle(QPainter& peintre, const QStyleOptionMenuItem& option) {
     const bool designe = option.state.testFlag(QStyle::State_Selected);
     peintre.fillRect(option.rect, option.palette.base());
     if (designe) {
-        peintre.setPen(Qt::NoPen);
-        peintre.setBrush(option.palette.highlight());
-        peintre.drawRoundedRect(option.rect.adjusted(kMargeArticle, 0, -kMargeArticle, 0),
-                                kRayonArticle, kRayonArticle);
+        peindreSurbrillance(peintre, option.rect.adjusted(kMargeArticle, 0, -kMargeArticle, 0),
+                            option.palette);
     }
     const auto encre = [&](QPalette::ColorRole repos) {
         return option.palette.color(designe ? QPalette::HighlightedText : repos);
@@ -85,9 +89,7 @@ void peindreTitreDeMenu(QPainter& peintre, const QStyleOptionMenuItem& option) {
     const bool ouvert = option.state.testFlag(QStyle::State_Selected);
     peintre.fillRect(option.rect, option.palette.window());
     if (ouvert) {
-        peintre.setPen(Qt::NoPen);
-        peintre.setBrush(option.palette.highlight());
-        peintre.drawRoundedRect(option.rect.adjusted(0, 2, 0, -2), kRayonArticle, kRayonArticle);
+        peindreSurbrillance(peintre, option.rect.adjusted(0, 2, 0, -2), option.palette);
     }
     peintre.setPen(option.palette.color(ouvert ? QPalette::HighlightedText : QPalette::WindowText));
     peintre.drawText(option.rect, Qt::AlignCenter, option.text);
