@@ -126,7 +126,7 @@ private:
     }
 
     QString nu_;
-    int largeur_ = 0;                                 // 0 : celle du texte, Qt s'en charge
+    int largeur_ = 0;                                 // 0 : celle du texte
     mutable std::unique_ptr<QTextDocument> document_; // absent : à mettre en page
 };
 
