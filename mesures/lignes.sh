@@ -26,7 +26,7 @@ analyse_outils() {
 analyse_outils_lus() { analyse_outils lire; }
 
 mesurer_analyse() {
-    alterner "$(tours 9 31)" analyse_assistant analyse_outils "$travail/analyse"
+    alterner "$(tours 9 101)" analyse_assistant analyse_outils "$travail/analyse"
     ligne_rapport "Une analyse / les mêmes outils par /bin/sh" "$travail/analyse" 1e6 ms 3 ≤ 1.10
     alterner "$(tours 7 15)" analyse_assistant analyse_outils_lus "$travail/analyse-lue"
     ligne_rapport "La même / le shell lisant aussi ce que les outils affichent" \

@@ -4,12 +4,12 @@
 #include "plateforme/posix/erreurs.hpp"
 #include "plateforme/posix/natif.hpp"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
-#include <vector>
 
 namespace plateforme {
 namespace {
@@ -20,6 +20,7 @@ using natif::Descripteur;
 using natif::ecrireTout;
 using natif::sansInterruption;
 
+constexpr std::size_t kBloc = 64UL * 1024;
 constexpr mode_t kModeFichier = 0644;
 constexpr mode_t kModeDossier = 0755;
 
@@ -92,10 +93,10 @@ std::optional<std::string> lireFichier(const std::string& chemin, std::size_t li
         return std::nullopt;
     }
     std::string contenu;
-    std::vector<char> bloc(64 * 1024);
+    std::array<char, kBloc> bloc; // NOLINT(*-member-init) : rempli par la lecture
     for (;;) {
         const ssize_t lus =
-            sansInterruption([&] { return ::read(fichier.numero(), bloc.data(), bloc.size()); });
+            sansInterruption([&] { return ::read(fichier.numero(), bloc.data(), kBloc); });
         if (lus == 0) {
             return contenu;
         }

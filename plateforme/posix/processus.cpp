@@ -44,8 +44,7 @@ public:
         sigset_t parDefaut;
         // Sans « :: » : ce sont des macros sur Mac.
         sigemptyset(&aucun);
-        sigemptyset(&parDefaut);
-        sigaddset(&parDefaut, SIGPIPE);
+        sigfillset(&parDefaut);
         ::posix_spawnattr_setsigmask(&attributs_, &aucun);
         ::posix_spawnattr_setsigdefault(&attributs_, &parDefaut);
         ::posix_spawnattr_setflags(&attributs_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
