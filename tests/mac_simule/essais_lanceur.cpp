@@ -12,8 +12,8 @@ void installer(const MacEssai& mac, const std::string& corps) {
                    "M=$LUMIVIA_MAC\necho \"passage $*\" >>\"$M/etat/passages\"\n" + corps);
 }
 
-Fini derouler(const MacEssai& mac, const std::string& suite = "",
-              const std::string& variables = "") {
+Systeme::Resultat derouler(const MacEssai& mac, const std::string& suite = "",
+                           const std::string& variables = "") {
     return lancer(variables + " timeout 60 " + cite(LANCEUR) + " " + cite(mac.racine()) + suite);
 }
 
@@ -27,7 +27,7 @@ TEST(Lanceur, RendLaFinDeLAssistantEtLuiPasseSesArguments) {
     installer(mac, "exit 7\n");
     EXPECT_EQ(derouler(mac).code, 7);
     installer(mac, "kill -SEGV $$\n");
-    const Fini fini = derouler(mac);
+    const Systeme::Resultat fini = derouler(mac);
     EXPECT_EQ(fini.code, 1);
     EXPECT_TRUE(contient(fini.sortie, "arrêté brutalement (signal 11)"));
 }
@@ -36,7 +36,7 @@ TEST(Lanceur, UneDemonstrationQuiNAvancePasFinitEnEchec) {
     const MacEssai mac("pret");
     installer(mac, "exit 0\n");
     fs::create_directories(mac.racine() / "etat/demonstration");
-    const Fini fini = derouler(mac, "", "LUMIVIA_DEMONSTRATION=x");
+    const Systeme::Resultat fini = derouler(mac, "", "LUMIVIA_DEMONSTRATION=x");
     EXPECT_EQ(fini.code, 1);
     EXPECT_TRUE(contient(fini.sortie, "avant la dernière page"));
     EXPECT_EQ(mac.fait("passages").size(), 5 * std::string("passage \n").size());
@@ -45,9 +45,9 @@ TEST(Lanceur, UneDemonstrationQuiNAvancePasFinitEnEchec) {
 TEST(Lanceur, UnSignalMetFinATout) {
     const MacEssai mac("pret");
     installer(mac, "cd \"$M\"; setsid -f sleep 300; touch pret; exec sleep 300\n");
-    const Fini fini = lancer(cite(LANCEUR) + " " + cite(mac.racine()) + " & while [ ! -e " +
-                             cite(mac.racine() / "pret") +
-                             " ]; do sleep 0.05; done; kill -INT $!; wait $!; echo $?");
+    const Systeme::Resultat fini = lancer(
+        cite(LANCEUR) + " " + cite(mac.racine()) + " & while [ ! -e " +
+        cite(mac.racine() / "pret") + " ]; do sleep 0.05; done; kill -INT $!; wait $!; echo $?");
     EXPECT_EQ(fini.sortie, "130\n");
     EXPECT_FALSE(mac.habite());
 }
@@ -56,7 +56,7 @@ TEST(Lanceur, RefuseCeQuiNEstPasUnMac) {
     EXPECT_EQ(lancer(cite(LANCEUR) + " /tmp").code, 2);
     EXPECT_EQ(lancer(cite(LANCEUR)).code, 2);
     const MacEssai mac("pret");
-    const Fini sansPaquet = derouler(mac);
+    const Systeme::Resultat sansPaquet = derouler(mac);
     EXPECT_EQ(sansPaquet.code, 1);
     EXPECT_TRUE(contient(sansPaquet.sortie, "dossier Applications"));
 }

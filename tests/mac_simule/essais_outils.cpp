@@ -45,11 +45,11 @@ TEST(Outils, KmutilReconstruitSelonLApprobationEtNeDechargeRien) {
     mac.retirer("/Library/Extensions/D2xxHelper.kext");
 
     mac.poserEtat("kmutil", "refuse\n");
-    const Fini refus = mac.outil("/usr/bin/kmutil rebuild");
+    const Systeme::Resultat refus = mac.outil("/usr/bin/kmutil rebuild");
     EXPECT_EQ(refus.code, 250);
     EXPECT_TRUE(contient(refus.sortie, "LocalAuthentication Code=-6"));
     mac.poserEtat("kmutil", "muet\n");
-    const Fini muet = mac.outil("/usr/bin/kmutil rebuild");
+    const Systeme::Resultat muet = mac.outil("/usr/bin/kmutil rebuild");
     EXPECT_FALSE(contient(muet.sortie, "reboot is required"));
     EXPECT_FALSE(contient(muet.sortie, "No changes"));
 
@@ -71,7 +71,7 @@ TEST(Outils, KmutilChangeAvecLaVersion) {
     EXPECT_TRUE(nommeRebuild("11.4"));
     EXPECT_TRUE(nommeRebuild("12.7.6"));
     EXPECT_TRUE(nommeRebuild("13.0"));
-    const Fini kdk = mac.outil("/usr/bin/kmutil install --update-all");
+    const Systeme::Resultat kdk = mac.outil("/usr/bin/kmutil install --update-all");
     EXPECT_NE(kdk.code, 0);
     EXPECT_TRUE(contient(kdk.sortie, "Missing Developer Kit: As of macOS 13.0"));
     EXPECT_EQ(mac.outil("/usr/bin/kmutil imprevu").code, 64);
@@ -79,7 +79,7 @@ TEST(Outils, KmutilChangeAvecLaVersion) {
 
 TEST(Outils, CeuxDUnVieuxMacOntLaFormeDeMacos1015) {
     const MacEssai mac("ancien-macos");
-    const Fini inconnu = mac.outil("/usr/sbin/sysctl -n hw.optional.arm64");
+    const Systeme::Resultat inconnu = mac.outil("/usr/sbin/sysctl -n hw.optional.arm64");
     EXPECT_EQ(inconnu.sortie, forme("sysctl-arm64-intel.txt"));
     EXPECT_EQ(inconnu.code, 1);
     mac.poserEtat("kexts_charges", "");
@@ -108,15 +108,11 @@ TEST(Outils, SystemextensionsctlALesFormesDeMacos14Et15) {
     EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl imprevu").code, 64);
 }
 
-TEST(Outils, OpenNoteLesReglagesOuDitPourquoiIlRefuse) {
+TEST(Outils, OpenDitPourquoiIlRefuse) {
     const MacEssai mac("pret");
-    const std::string adresse = "x-apple.systempreferences:com.apple.LoginItems-Settings.extension";
-    EXPECT_EQ(mac.outil("/usr/bin/open '" + adresse + "'").code, 0);
-    EXPECT_EQ(mac.fait("reglages_ouverts"), adresse + "\n");
-
     for (const char* refus : {"-a Inconnu /Users/x", "-a Terminal /Users/absent",
                               "/Applications/A.app", "https://exemple.fr", "/etc/passwd", ""}) {
-        const Fini fini = mac.outil(std::string("/usr/bin/open ") + refus);
+        const Systeme::Resultat fini = mac.outil(std::string("/usr/bin/open ") + refus);
         EXPECT_EQ(fini.code, 1) << refus;
         EXPECT_NE(fini.sortie, "");
     }

@@ -45,15 +45,15 @@ TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
              {"--scenario pret --outils /nulle/part " + cite(d / "m"), "outils"},
              {"--scenario pret", "Usage"},
              {"--verifier " + cite(d), "n'est pas un Mac"}}) {
-        const Fini refus = lancer(cite(CREER_MAC) + " " + suite);
+        const Systeme::Resultat refus = lancer(cite(CREER_MAC) + " " + suite);
         EXPECT_EQ(refus.code, 2) << suite;
         EXPECT_TRUE(contient(refus.sortie, phrase)) << refus.sortie;
     }
     // Un échec en cours de route ne laisse rien : ici un fichier tient la place d'un dossier.
     hote.poser("/outils/Library", "");
     hote.poser("/outils/usr/x", "");
-    const Fini refus = lancer(cite(CREER_MAC) + " --scenario pret --outils " +
-                              cite(hote.reel("/outils")) + " " + cite(d / "m"));
+    const Systeme::Resultat refus = lancer(cite(CREER_MAC) + " --scenario pret --outils " +
+                                           cite(hote.reel("/outils")) + " " + cite(d / "m"));
     EXPECT_EQ(refus.code, 2) << refus.sortie;
     EXPECT_EQ(lancer("ls -A " + cite(d)).sortie, "faux.scenario\n");
 }

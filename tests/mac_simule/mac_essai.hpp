@@ -3,18 +3,10 @@
 #pragma once
 
 #include "commun/mac.hpp"
-
-#include <array>
-#include <cstdio>
-#include <sys/wait.h>
+#include "support/systeme.hpp"
 
 using essai::attendre;
 using essai::contenu;
-
-struct Fini {
-    std::string sortie; // les deux flux
-    int code;
-};
 
 inline std::string cite(const std::string& mot) {
     return "'" + mot + "'";
@@ -24,16 +16,9 @@ inline bool contient(const std::string& texte, const std::string& morceau) {
     return texte.find(morceau) != std::string::npos;
 }
 
-inline Fini lancer(const std::string& commande) {
-    Fini fini{};
-    FILE* flux = popen(("{ " + commande + "\n} 2>&1 </dev/null").c_str(), "r");
-    std::array<char, 4096> tampon{};
-    while (const auto lu = std::fread(tampon.data(), 1, tampon.size(), flux)) {
-        fini.sortie.append(tampon.data(), lu);
-    }
-    const int etat = pclose(flux);
-    fini.code = WIFEXITED(etat) ? WEXITSTATUS(etat) : -WTERMSIG(etat);
-    return fini;
+// Le statut d'un programme arrêté par un signal est le numéro du signal.
+inline Systeme::Resultat lancer(const std::string& commande) {
+    return Systeme::commande("/bin/sh", {"-c", "exec </dev/null; " + commande});
 }
 
 inline std::string forme(const std::string& nom) {
@@ -46,7 +31,7 @@ public:
 
     std::filesystem::path racine() const { return reel(""); }
 
-    Fini outil(const std::string& commande) const {
+    Systeme::Resultat outil(const std::string& commande) const {
         const auto fin = std::min(commande.find(' '), commande.size());
         return lancer(cite(reel(commande.substr(0, fin))) + commande.substr(fin));
     }
