@@ -11,18 +11,16 @@
 namespace plateforme {
 namespace {
 
-constexpr int kLargeur = 340;
+constexpr double kLargeur = 340;
 constexpr double kTailleMessage = 15;
 constexpr double kTailleInformation = 13;
 
 int alertesOuvertes = 0;
 
-QLabel* paragraphe(const std::string& texte, double taille, bool gras) {
-    auto* etiquette = new QLabel(texteQt(texte));
-    etiquette->setTextFormat(Qt::PlainText);
-    etiquette->setFont(police(taille, gras));
-    etiquette->setWordWrap(true);
-    etiquette->setFixedWidth(kLargeur);
+Etiquette paragraphe(const std::string& texte, double taille, bool gras) {
+    Etiquette etiquette = Etiquette::multiligne(texte);
+    etiquette.setPolice(taille, gras);
+    etiquette.setLargeurMaximale(kLargeur);
     return etiquette;
 }
 
@@ -40,8 +38,10 @@ void alerte(const std::string& message, const std::string& information) {
     colonne->setContentsMargins(24, 20, 24, 20);
     colonne->setSpacing(10);
     colonne->setSizeConstraint(QLayout::SetFixedSize);
-    colonne->addWidget(paragraphe(message, kTailleMessage, true));
-    colonne->addWidget(paragraphe(information, kTailleInformation, false));
+    const Etiquette titre = paragraphe(message, kTailleMessage, true);
+    const Etiquette texte = paragraphe(information, kTailleInformation, false);
+    colonne->addWidget(&widget<QWidget>(titre));
+    colonne->addWidget(&widget<QWidget>(texte));
     const Bouton ok("OK", [&dialogue] { dialogue.accept(); });
     ok.setParDefaut();
     colonne->addSpacing(6);
