@@ -6,14 +6,15 @@
 #include "mesures/releve/chiffres.hpp"
 #include "support/journal.hpp"
 
+#include <algorithm>
 #include <fcntl.h>
+#include <set>
 #include <sys/file.h>
 
 namespace {
 
-namespace fs = std::filesystem;
-
-const char* const kFrameworks = "/Applications/Assistant Lumivia.app/Contents/Frameworks";
+const std::string kBibliotheque =
+    "/Applications/Assistant Lumivia.app/Contents/Frameworks/libftd2xx.dylib";
 const char* const kIntrouvable =
     "La bibliothèque de test est introuvable dans l'assistant. Contactez Voltaris.";
 const char* const kIncomplete = "La bibliothèque de test est incomplète. Contactez Voltaris.";
@@ -21,24 +22,21 @@ const char* const kEmetteurFerme =
     "Impossible d'ouvrir l'émetteur. Fermez votre logiciel lumière (il peut occuper l'émetteur), "
     "débranchez et rebranchez le câble USB, puis réessayez.";
 
-int compter(const std::string& texte) {
-    int nombre = 0;
-    for (const std::string& ligne : Journal::shared().lignes()) {
-        nombre += ligne.find("] " + texte) != std::string::npos ? 1 : 0;
-    }
-    return nombre;
+std::ptrdiff_t compter(const std::string& texte) {
+    const std::vector<std::string> lignes = Journal::shared().lignes();
+    return std::count_if(lignes.begin(), lignes.end(), [&](const std::string& ligne) {
+        return ligne.find("] " + texte) != std::string::npos;
+    });
 }
 
 class Session : public ::testing::Test {
 protected:
     void poser(const std::string& bibliotheque) const {
-        fs::create_directories(mac.reel(kFrameworks));
-        fs::copy_file(bibliotheque, mac.reel(std::string(kFrameworks) + "/libftd2xx.dylib"),
-                      fs::copy_options::overwrite_existing);
+        mac.poser(kBibliotheque, essai::contenu(bibliotheque));
     }
 
     void poserVariante(const std::string& nom) const {
-        poser(std::string(VARIANTES) + nom + "/libftd2xx.dylib");
+        poser(VARIANTES + nom + "/libftd2xx.dylib");
     }
 
     d2xx::Reception reception() const {
@@ -52,7 +50,12 @@ protected:
         });
     }
 
-    std::string appels() const { return mac.lire("/appels"); }
+    // Ouvre la session et voit le projecteur s'allumer.
+    void allumer() const {
+        ASSERT_EQ(test->ouvrir(), std::nullopt);
+        test->envoyer(TestDMX::Motif::plein);
+        ASSERT_TRUE(attendreNiveau(255));
+    }
 
     essai::Mac mac{"pret"};
     std::shared_ptr<TestDMX> test = TestDMX::creer();
@@ -60,59 +63,59 @@ protected:
 
 class SessionComplete : public Session {
 protected:
-    SessionComplete() {
-        poser(D2XX);
-        ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
+    SessionComplete() { poser(D2XX); }
+
+    // Plusieurs sessions de suite, d'un quart de seconde chacune, celui que fermer laisse au noir.
+    void repeter(int fois) {
+        allumer();
+        test->fermer();
+        const essai::Ressources avant;
+        for (int i = 0; i < fois; ++i) {
+            ASSERT_EQ(test->ouvrir(), std::nullopt);
+            test->envoyer(TestDMX::Motif::clignotant);
+            test->fermer();
+        }
+        EXPECT_TRUE(essai::Ressources().memesTenues(avant));
     }
 };
 
-// La fonction qui manque, et ce que répond l'ouverture.
-class FonctionAbsente
-    : public Session,
-      public ::testing::WithParamInterface<std::tuple<std::string, std::optional<std::string>>> {};
+class FonctionAbsente : public Session, public ::testing::WithParamInterface<const char*> {};
 
 } // namespace
 
 TEST_F(Session, sansBibliothequeLeDitEtPeutReessayer) {
     EXPECT_EQ(test->ouvrir(), kIntrouvable);
     EXPECT_EQ(compter("D2XX introuvable : "), 1);
-    fs::create_directories(mac.reel(kFrameworks));
+    mac.poser(kBibliotheque, "ceci n'est pas une bibliothèque");
     EXPECT_EQ(test->ouvrir(), kIntrouvable);
     // Le texte du chargeur ne montre que des chemins de Mac.
-    EXPECT_EQ(compter(std::string("D2XX introuvable : ") + kFrameworks + "/libftd2xx.dylib"), 1);
-    mac.poser(std::string(kFrameworks) + "/libftd2xx.dylib", "ceci n'est pas une bibliothèque");
-    EXPECT_EQ(test->ouvrir(), kIntrouvable);
+    EXPECT_EQ(compter("D2XX introuvable : " + kBibliotheque), 1);
     test->fermer();
-    mac.retirer(std::string(kFrameworks) + "/libftd2xx.dylib");
     poser(D2XX);
     EXPECT_EQ(test->ouvrir(), std::nullopt);
 }
 
 TEST_P(FonctionAbsente, empecheLOuvertureOuNEnvoieRien) {
-    const auto& [nom, ouverture] = GetParam();
-    poserVariante("sans_" + nom);
+    const std::set<std::string> boucle{"FT_SetBreakOn", "FT_SetBreakOff", "FT_Write"};
+    const bool ouvre = boucle.count(GetParam()) == 1;
+    poserVariante(std::string("sans_") + GetParam());
     for (int fois = 0; fois < 2; ++fois) {
-        ASSERT_EQ(test->ouvrir(), ouverture);
-        if (!ouverture) {
+        ASSERT_EQ(test->ouvrir().value_or("ouvre"), ouvre ? "ouvre" : kIncomplete);
+        if (ouvre) {
             test->envoyer(TestDMX::Motif::plein);
             test->envoyer(TestDMX::Motif::clignotant);
             test->fermer();
         }
     }
     EXPECT_EQ(reception().trames, 0U);
-    EXPECT_EQ(compter("FT_Open"), ouverture ? 0 : 2);
+    EXPECT_EQ(compter("FT_Open"), ouvre ? 2 : 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(DeLOuverture, FonctionAbsente,
-                         ::testing::Combine(::testing::Values("FT_Open", "FT_ResetDevice",
-                                                              "FT_SetBaudRate",
-                                                              "FT_SetDataCharacteristics",
-                                                              "FT_SetFlowControl", "FT_Purge"),
-                                            ::testing::Values(kIncomplete)));
-INSTANTIATE_TEST_SUITE_P(DeLaBoucle, FonctionAbsente,
-                         ::testing::Combine(::testing::Values("FT_SetBreakOn", "FT_SetBreakOff",
-                                                              "FT_Write"),
-                                            ::testing::Values(std::nullopt)));
+INSTANTIATE_TEST_SUITE_P(Bibliotheque, FonctionAbsente,
+                         ::testing::Values("FT_Open", "FT_ResetDevice", "FT_SetBaudRate",
+                                           "FT_SetDataCharacteristics", "FT_SetFlowControl",
+                                           "FT_Purge", "FT_SetBreakOn", "FT_SetBreakOff",
+                                           "FT_Write"));
 
 TEST_F(Session, sansFTCloseLaPoigneeEstOublieeToutDeMeme) {
     poserVariante("sans_FT_Close");
@@ -139,69 +142,49 @@ TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
 }
 
 TEST_F(SessionComplete, regleLaLignePourLeDmx512EtNeLeFaitQuUneFois) {
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    const std::string premiers = appels();
-    std::size_t ou = 0;
-    for (const char* appel :
-         {"FT_Open 0", "FT_ResetDevice", "FT_SetBaudRate 250000", "FT_SetDataCharacteristics 8 2 0",
-          "FT_SetFlowControl 0 0 0", "FT_Purge 3"}) {
-        ou = premiers.find(appel, ou);
-        ASSERT_NE(ou, std::string::npos) << appel << " dans :\n" << premiers;
+    ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
+    for (int fois = 0; fois < 2; ++fois) {
+        ASSERT_EQ(test->ouvrir(), std::nullopt);
+        EXPECT_EQ(mac.lire("/appels"),
+                  "FT_Open 0 : 0\nFT_ResetDevice : 0\nFT_SetBaudRate 250000 : 0\n"
+                  "FT_SetDataCharacteristics 8 2 0 : 0\nFT_SetFlowControl 0 0 0 : 0\n"
+                  "FT_Purge 3 : 0\n");
     }
-    EXPECT_EQ(test->ouvrir(), std::nullopt);
-    EXPECT_EQ(appels(), premiers) << "une session ouverte ne touche plus l'émetteur";
     EXPECT_EQ(compter("FT_Open : statut 0"), 1);
-    test->fermer();
-    test->fermer();
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    test->fermer();
 }
 
 TEST_F(SessionComplete, diseLeStatutDUnEmetteurAbsentOuOccupe) {
+    const std::string fiche = mac.lire("/etat/usb/emetteur-1");
     mac.retirer("/etat/usb/emetteur-1");
     EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
     EXPECT_EQ(compter("FT_Open : statut 2"), 1);
-    mac.poser("/etat/usb/emetteur-1", "fabricant 0x0403\nproduit 0x6001\nserie Z\n");
-    mac.poserEtat("emetteur_occupe", "");
-    EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
-    EXPECT_EQ(compter("FT_Open : statut 3"), 1);
-    mac.retirer("/etat/emetteur_occupe");
+    mac.poser("/etat/usb/emetteur-1", fiche);
     // Un autre assistant le tient par le verrou de ce fichier, jusqu'à sa fin.
     const int autre = ::open(mac.reel("/etat/reception").c_str(), O_RDWR | O_CREAT, 0644);
     EXPECT_EQ(::flock(autre, LOCK_EX | LOCK_NB), 0);
     EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
+    EXPECT_EQ(compter("FT_Open : statut 3"), 1);
     ::close(autre);
     EXPECT_EQ(test->ouvrir(), std::nullopt);
 }
 
 TEST_F(SessionComplete, eclaireSuitLeMotifPuisEteintEtToutesLesTramesSontJustes) {
+    ::setenv("LUMIVIA_RELEVE_DMX", mac.reel("/releve").c_str(), 1);
     for (const char* puce : {"immediat", "realiste"}) {
         mac.poserEtat("puce_dmx", puce);
-        ASSERT_EQ(test->ouvrir(), std::nullopt);
-        test->envoyer(TestDMX::Motif::plein);
-        EXPECT_TRUE(attendreNiveau(255));
-        test->envoyer(TestDMX::Motif::noir);
-        EXPECT_TRUE(attendreNiveau(0));
-        test->envoyer(TestDMX::Motif::clignotant);
-        EXPECT_TRUE(attendreNiveau(255));
-        EXPECT_TRUE(attendreNiveau(0));
-        test->envoyer(TestDMX::Motif::plein);
-        EXPECT_TRUE(attendreNiveau(255));
-        test->fermer();
-        EXPECT_EQ(reception().niveauMax, 0) << "fermer laisse le projecteur éteint";
-        EXPECT_EQ(reception().correctes, reception().trames) << puce;
-    }
-}
-
-TEST_F(SessionComplete, laisseUnReleveQueLeLecteurComprend) {
-    ::setenv("LUMIVIA_RELEVE_DMX", mac.reel("/releve").c_str(), 1);
-    for (int fois = 0; fois < 2; ++fois) {
-        ASSERT_EQ(test->ouvrir(), std::nullopt);
-        test->envoyer(TestDMX::Motif::plein);
-        EXPECT_TRUE(attendreNiveau(255));
+        allumer();
+        for (const auto& [motif, niveau] : {std::pair{TestDMX::Motif::noir, 0},
+                                            {TestDMX::Motif::clignotant, 255},
+                                            {TestDMX::Motif::clignotant, 0},
+                                            {TestDMX::Motif::plein, 255}}) {
+            test->envoyer(motif);
+            EXPECT_TRUE(attendreNiveau(niveau));
+        }
         EXPECT_EQ(releve::lire(mac.lire("/releve")).ligneFautive, 0U)
             << "la place est prise d'avance";
         test->fermer();
+        EXPECT_EQ(reception().niveauMax, 0) << "fermer laisse le projecteur éteint";
+        EXPECT_EQ(reception().correctes, reception().trames) << puce;
     }
     const std::string texte = mac.lire("/releve");
     EXPECT_EQ(texte.find('\0'), std::string::npos);
@@ -213,9 +196,7 @@ TEST_F(SessionComplete, laisseUnReleveQueLeLecteurComprend) {
 }
 
 TEST_F(SessionComplete, debrancherPendantLEnvoiNArretePasLaBoucle) {
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    test->envoyer(TestDMX::Motif::plein);
-    ASSERT_TRUE(attendreNiveau(255));
+    allumer();
     const std::string fiche = mac.lire("/etat/usb/emetteur-1");
     mac.retirer("/etat/usb/emetteur-1");
     std::uint64_t avant = 0;
@@ -227,9 +208,7 @@ TEST_F(SessionComplete, debrancherPendantLEnvoiNArretePasLaBoucle) {
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_EQ(reception().trames, avant) << "l'ancienne poignée reste perdue";
     test->fermer();
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    test->envoyer(TestDMX::Motif::plein);
-    EXPECT_TRUE(attendreNiveau(255));
+    allumer();
     test->fermer();
 }
 
@@ -247,9 +226,7 @@ TEST_F(SessionComplete, dixMilleChangementsDeMotifNePerdentRien) {
 }
 
 TEST_F(SessionComplete, seDetruitPendantQueSonFilTravaille) {
-    ASSERT_EQ(test->ouvrir(), std::nullopt);
-    test->envoyer(TestDMX::Motif::plein);
-    ASSERT_TRUE(attendreNiveau(255));
+    allumer();
     const std::weak_ptr<TestDMX> faible = test;
     test.reset();
     EXPECT_FALSE(faible.expired()) << "le fil en route garde la session";
@@ -257,29 +234,10 @@ TEST_F(SessionComplete, seDetruitPendantQueSonFilTravaille) {
     EXPECT_TRUE(essai::attendre([&] { return faible.expired(); }));
 }
 
-// Un cycle prend un quart de seconde, celui que fermer laisse au noir : plusieurs sessions à la
-// suite dans chacun des essais.
-class Cycles : public SessionComplete {
-protected:
-    void tourner(int fois) {
-        const auto cycle = [this] {
-            ASSERT_EQ(test->ouvrir(), std::nullopt);
-            test->envoyer(TestDMX::Motif::clignotant);
-            test->fermer();
-        };
-        cycle();
-        const essai::Ressources avant;
-        for (int i = 0; i < fois; ++i) {
-            cycle();
-        }
-        EXPECT_TRUE(essai::Ressources().memesTenues(avant));
-    }
-};
-
-TEST_F(Cycles, cinquanteSessionsNeLaissentRien) {
-    tourner(50);
+TEST_F(SessionComplete, cinquanteSessionsNeLaissentRien) {
+    repeter(50);
 }
 
-TEST_F(Cycles, DISABLED_milleSessionsNeLaissentRien) {
-    tourner(1000);
+TEST_F(SessionComplete, DISABLED_milleSessionsNeLaissentRien) {
+    repeter(1000);
 }
