@@ -9,7 +9,8 @@ import macho
 
 RACINE = Path(os.environ["LUMIVIA_RACINE"])
 EXECUTABLE = Path(os.environ["LUMIVIA_CROISE"]) / "Assistant Lumivia"
-MINIMUMS = {"x86_64": (10, 15), "arm64": (11, 0)}
+# La première version de macOS, et l'alignement que le système exige.
+PUCES = {"x86_64": (0xA0F00, 0x1000), "ARM64": (0xB0000, 0x4000)}
 OPTION_AD_HOC = 0x2
 
 
@@ -24,27 +25,29 @@ class Executable(unittest.TestCase):
         cls.tranches = macho.lire(EXECUTABLE)
 
     def test_porte_les_deux_puces_et_leurs_versions_minimales(self):
-        self.assertEqual(set(self.tranches), set(MINIMUMS))
+        self.assertEqual(set(self.tranches), set(PUCES))
         for puce, tranche in self.tranches.items():
-            self.assertEqual(tranche.genre, 2, f"{puce} : pas un programme")
-            self.assertEqual(tranche.plateforme, 1, f"{puce} : pas pour macOS")
-            self.assertEqual(tranche.minimum, MINIMUMS[puce], puce)
-            self.assertTrue(tranche.options & 0x200000, f"{puce} : adresse fixe")
+            construite = tranche.commandes[macho.mach_o.LC_BUILD_VERSION]
+            minimum, alignement = PUCES[puce]
+            self.assertEqual(construite.minos, minimum, puce)
+            self.assertEqual(construite.platform, 1, f"{puce} : pas pour macOS")
+            self.assertEqual(tranche.place % alignement, 0, f"{puce} : pas alignée")
+            self.assertEqual(tranche.entete.filetype, 2, f"{puce} : pas un programme")
+            self.assertTrue(tranche.entete.flags & 0x200000, f"{puce} : adresse fixe")
 
     def test_importe_exactement_ce_que_disent_les_tables(self):
         chemins = {nom: chemin for nom, chemin, *_ in table("bibliotheques.txt")}
-        connus = {nom: chemins[bibliotheque] for nom, bibliotheque, _ in table("symboles.txt")}
-        employes = set()
+        symboles = table("symboles.txt")
+        importes = set()
         for tranche in self.tranches.values():
-            self.assertEqual(set(tranche.bibliotheques), set(chemins.values()))
-            self.assertEqual(tranche.autres_liens, [])
-            importes = {nom: ou for nom, importe, ou in tranche.symboles() if importe}
-            self.assertEqual(importes, {n: connus.get(n, "absent de la table") for n in importes})
-            employes |= set(importes)
-        self.assertEqual(set(connus) - employes, set(), "symboles de la table qui ne servent pas")
-        for nom, _, depuis in table("symboles.txt"):
-            version = tuple(int(n) for n in depuis.split("."))[:2]
-            self.assertLessEqual(version, MINIMUMS["x86_64"], nom)
+            self.assertEqual(set(tranche.liens), {("load_dylib", c) for c in chemins.values()})
+            self.assertFalse({macho.mach_o.LC_RPATH, macho.mach_o.LC_LAZY_LOAD_DYLIB}
+                             & set(tranche.commandes))
+            importes |= set(tranche.importes.items())
+        self.assertEqual(importes, {(nom, chemins[ou]) for nom, ou, _ in symboles})
+        recents = [nom for nom, _, depuis in symboles
+                   if [int(n) for n in depuis.split(".")] > [10, 15]]
+        self.assertEqual(recents, [])
 
     def test_ne_garde_ni_symbole_interne_ni_chemin_de_la_machine(self):
         octets = EXECUTABLE.read_bytes()
@@ -52,15 +55,14 @@ class Executable(unittest.TestCase):
             self.assertNotIn(str(chemin).encode() + b"/", octets)
         self.assertEqual(re.findall(rb"[ -~]*\.(?:cpp|mm|hpp)\b", octets), [])
         for tranche in self.tranches.values():
-            internes = [nom for nom, importe, _ in tranche.symboles() if not importe]
-            self.assertLessEqual(set(internes), {"__mh_execute_header"})
+            self.assertLessEqual(tranche.internes, {b"__mh_execute_header"})
 
     def test_tient_en_un_mega_octet_et_demi_avec_une_signature_valide_pour_la_puce_Apple(self):
         self.assertLessEqual(EXECUTABLE.stat().st_size, 1_500_000)
-        identifiant, options, fautes = self.tranches["arm64"].repertoire_de_code()
+        identifiant, options, signees, calculees = self.tranches["ARM64"].signature()
         self.assertEqual(identifiant, "Assistant Lumivia")
         self.assertTrue(options & OPTION_AD_HOC)
-        self.assertEqual(fautes, [])
+        self.assertEqual(signees, calculees)
 
 
 if __name__ == "__main__":
