@@ -14,6 +14,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
+#include <algorithm>
 
 namespace essai {
 
@@ -43,8 +44,6 @@ public:
         traiter();
     }
 
-    bool ouverte() const { return !QApplication::topLevelWidgets().isEmpty(); }
-
     plateforme::FenetreQt& fenetre() const {
         for (QWidget* vue : QApplication::topLevelWidgets()) {
             if (auto* trouvee = dynamic_cast<plateforme::FenetreQt*>(vue)) {
@@ -58,27 +57,16 @@ public:
         std::vector<std::string> lus;
         for (const QLabel* etiquette : fenetre().contenu()->findChildren<QLabel*>()) {
             // Une étiquette d'émojis porte du texte enrichi : son nom accessible est le texte nu.
-            const QString nu = etiquette->accessibleName();
-            lus.push_back((nu.isEmpty() ? etiquette->text() : nu).toStdString());
+            lus.push_back(etiquette->accessibleName().toStdString());
         }
         return lus;
     }
 
     std::string titre() const { return textes().front(); }
 
-    // Le dernier texte de la zone : la consigne, sur la page de réussite.
-    std::string consigne() const {
-        const auto lus = textes();
-        return lus[lus.size() - 2];
-    }
-
-    std::vector<QPushButton*> boutons() const {
-        std::vector<QPushButton*> visibles;
-        for (QPushButton* bouton : fenetre().contenu()->findChildren<QPushButton*>()) {
-            if (!bouton->isHidden()) {
-                visibles.push_back(bouton);
-            }
-        }
+    QList<QPushButton*> boutons() const {
+        auto visibles = fenetre().contenu()->findChildren<QPushButton*>();
+        visibles.removeIf([](const QPushButton* bouton) { return bouton->isHidden(); });
         return visibles;
     }
 
@@ -91,19 +79,17 @@ public:
         return {};
     }
 
-    QPushButton* bouton(const std::string& titreVoulu) const {
+    QPushButton& bouton(const std::string& titreVoulu) const {
         for (QPushButton* bouton : boutons()) {
             if (bouton->text().toStdString() == titreVoulu) {
-                return bouton;
+                return *bouton;
             }
         }
-        return nullptr;
+        throw std::runtime_error("pas de « " + titreVoulu + " » sur la page " + titre());
     }
 
     void cliquer(const std::string& titreVoulu) const {
-        QPushButton* vise = bouton(titreVoulu);
-        ASSERT_NE(vise, nullptr) << titreVoulu << " sur la page " << titre();
-        vise->click();
+        bouton(titreVoulu).click();
         traiter();
     }
 
@@ -127,27 +113,30 @@ public:
         ASSERT_TRUE(attendrePage("Résultat de l'analyse"));
     }
 
+    void passerLeResultat() {
+        allerAuResultat();
+        cliquer("Continuer");
+    }
+
     // Ferme chaque alerte qui s'ouvre, en gardant ses textes.
     void fermerLesAlertes() {
         QObject::connect(&gardien_, &QTimer::timeout, [this] {
             if (auto* alerte = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                std::string textesAlerte;
+                alertes.emplace_back();
                 for (const QLabel* etiquette : alerte->findChildren<QLabel*>()) {
-                    textesAlerte += etiquette->text().toStdString() + "\n";
+                    alertes.back() += etiquette->text().toStdString() + "\n";
                 }
-                alertes.push_back(textesAlerte);
                 alerte->findChild<QPushButton*>()->click();
             }
         });
         gardien_.start(5);
     }
 
-    static int compter(const std::string& debut) {
-        int nombre = 0;
-        for (const std::string& ligne : Journal::shared().lignes()) {
-            nombre += ligne.find("] " + debut) != std::string::npos ? 1 : 0;
-        }
-        return nombre;
+    static std::ptrdiff_t compter(const std::string& debut) {
+        const std::vector<std::string> lignes = Journal::shared().lignes();
+        return std::count_if(lignes.begin(), lignes.end(), [&](const std::string& ligne) {
+            return ligne.find("] " + debut) != std::string::npos;
+        });
     }
 
     Mac mac;
@@ -155,12 +144,7 @@ public:
 
 private:
     // Comme dans le programme, rien de l'assistant n'est détruit avant la fin du processus.
-    static Delegue& delegue() {
-        static auto& unique = *new Delegue;
-        return unique;
-    }
-
-    Delegue& delegue_ = delegue();
+    static inline Delegue& delegue_ = *new Delegue;
     QTimer& gardien_ = *new QTimer(&plateforme::applicationQt());
 };
 

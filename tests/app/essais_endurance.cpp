@@ -11,11 +11,11 @@ namespace {
 
 // Le journal garde exprès toutes ses lignes, pour le rapport ; en kilooctets.
 long tailleDuJournal() {
-    std::size_t octets = 0;
+    long octets = 0;
     for (const std::string& ligne : Journal::shared().lignes()) {
-        octets += sizeof ligne + ligne.capacity();
+        octets += static_cast<long>(sizeof ligne + ligne.capacity());
     }
-    return static_cast<long>(octets / 1024);
+    return octets / 1024;
 }
 
 void repeter(int tours, const std::function<void()>& geste) {
@@ -50,8 +50,7 @@ TEST(Endurance, DISABLED_analysesEtPagesIllustrees) {
 
 TEST(Endurance, DISABLED_dixMilleChangementsDePage) {
     Conduite c;
-    c.allerAuResultat();
-    c.cliquer("Continuer");
+    c.passerLeResultat();
     repeter(5000, [&] {
         c.cliquer("Non");
         c.cliquer("Refaire le test");
@@ -60,8 +59,7 @@ TEST(Endurance, DISABLED_dixMilleChangementsDePage) {
 
 TEST(Endurance, DISABLED_sessionsEtMotifs) {
     Conduite c;
-    c.allerAuResultat();
-    c.cliquer("Continuer");
+    c.passerLeResultat();
     repeter(200, [&] {
         for (int i = 0; i < 50; ++i) {
             for (const char* motif : {"Allumer", "Clignoter", "Éteindre"}) {

@@ -9,13 +9,6 @@
 
 namespace {
 
-Diagnostic fiche(std::int64_t majeure = 14) {
-    Diagnostic d;
-    d.versionMacOS = {majeure, 5, 0};
-    d.puceApple = majeure > 10;
-    return d;
-}
-
 std::string icones(const Diagnostic& d, bool enAttente) {
     std::string suite;
     for (const LigneResultat& ligne : lignesResultat(d, enAttente)) {
@@ -27,42 +20,30 @@ std::string icones(const Diagnostic& d, bool enAttente) {
 } // namespace
 
 TEST(LignesResultat, suiventLEtatDuMac) {
-    Diagnostic d = fiche();
-    EXPECT_EQ(icones(d, false), "🖥⚠️✅✅");
+    Diagnostic d;
+    d.versionMacOS = {10, 5, 0};
+    EXPECT_EQ(icones(d, false), "🖥⚠️✅ℹ️✅");
+    EXPECT_EQ(lignesResultat(d, false)[0].texte, "Mac Intel, macOS 10.5.0");
+    d.versionMacOS = {14, 5, 0};
+    d.puceApple = true;
+    EXPECT_EQ(icones(d, true), "🖥⚠️🔄") << "prêt, mais pas avant le redémarrage";
     EXPECT_EQ(lignesResultat(d, false)[0].texte, "Mac à puce Apple, macOS 14.5.0");
     d.emetteurs = {"A1B2C3", "sans numéro"};
     EXPECT_EQ(icones(d, false), "🖥✅✅✅");
     EXPECT_EQ(lignesResultat(d, false)[1].texte, "Émetteur détecté (n° A1B2C3, sans numéro).");
     d.d2xxHelperCharge = true;
+    EXPECT_EQ(icones(d, true), "🖥✅🔄") << "le redémarrage passe avant l'ancien pilote";
     d.dextFTDIActif = true;
     EXPECT_EQ(icones(d, false), "🖥✅⚠️⚠️");
 }
 
-TEST(LignesResultat, unRedemarrageEnAttentePasseAvantLAncienPilote) {
-    Diagnostic d = fiche();
-    d.d2xxHelperCharge = true;
-    EXPECT_EQ(icones(d, true), "🖥⚠️🔄");
-    EXPECT_EQ(icones(fiche(), true), "🖥⚠️🔄"); // prêt, mais pas avant le redémarrage
-}
-
-TEST(LignesResultat, unVieuxMacOSEstSignale) {
-    EXPECT_EQ(icones(fiche(10), false), "🖥⚠️✅ℹ️✅");
-    EXPECT_EQ(lignesResultat(fiche(10), false)[0].texte, "Mac Intel, macOS 10.5.0");
-}
-
-TEST(Navigation, laPremiereConditionLEmporte) {
-    Diagnostic d = fiche();
-    EXPECT_EQ(pageSuivante(d, false), PageSuivante::brancher);
-    d.emetteurs = {"A"};
-    EXPECT_EQ(pageSuivante(d, false), PageSuivante::test);
-    d.dextFTDIPresent = true;
-    EXPECT_EQ(pageSuivante(d, false), PageSuivante::test);
-    d.emetteurs.clear();
+// Les autres pages viennent toutes dans les parcours ; aucun n'a de pilote sans émetteur.
+TEST(Navigation, lesPilotesPassentAvantLEmetteur) {
+    Diagnostic d;
     d.dextFTDIActif = true;
     EXPECT_EQ(pageSuivante(d, false), PageSuivante::extension);
     d.anciensKextsFTDI = {Diagnostic::anciensKexts[1]};
     EXPECT_EQ(pageSuivante(d, false), PageSuivante::retrait);
-    EXPECT_EQ(pageSuivante(d, true), PageSuivante::redemarrage);
 }
 
 TEST(Logiciels, seRangentPareilDansChaqueLangue) {

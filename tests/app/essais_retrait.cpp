@@ -9,22 +9,20 @@ using essai::Conduite;
 
 namespace {
 
-const char* const kResultat = "/Library/Application Support/Assistant Lumivia/resultat-retrait.txt";
-const char* const kReussite = "A system reboot is required\nsauvegarde : /x\n";
+const std::string kReussite = "A system reboot is required\nsauvegarde : /x\n";
 
 class Retrait : public ::testing::Test {
 protected:
     Retrait() {
         c.mac.poserOutil("/usr/bin/open", "exit 0");
         c.mac.poserEtat("vitesse_horloge", "20");
-        c.allerAuResultat();
-        c.cliquer("Continuer");
+        c.passerLeResultat();
     }
 
     // Ce que fait le script : met de côté, puis laisse son résultat d'un coup.
     void finir(const std::string& sortie) const {
         c.mac.retirer(Diagnostic::cheminD2xxHelper);
-        c.mac.poser(c.mac.maison() + kResultat, sortie);
+        c.mac.poser(Actions::fichierResultat(), sortie);
     }
 
     Conduite c{"complet"};
@@ -32,12 +30,16 @@ protected:
 
 } // namespace
 
-TEST_F(Retrait, reessayeSansReconstructionNiExtensionAnalyseANouveau) {
+TEST_F(Retrait, unEchecSeReessaieEtSansReconstructionNiExtensionAnalyseANouveau) {
     c.mac.poserEtat("kexts_charges", "");
     c.mac.poserEtat("extensions_systeme", "");
     c.cliquer("Retour");
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
     c.cliquer("Continuer");
+    c.mac.poser(Actions::dossier(), "un fichier"); // le script ne s'écrira pas
+    c.cliquer("Retirer");
+    c.mac.retirer(Actions::dossier());
+    c.cliquer("Réessayer");
     c.cliquer("Retirer");
     finir("sudo: 3 incorrect password attempts\n");
     ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
@@ -49,13 +51,6 @@ TEST_F(Retrait, reessayeSansReconstructionNiExtensionAnalyseANouveau) {
     EXPECT_FALSE(plateforme::lirePreference("redemarrageEnAttenteDepuisDemarrage").has_value());
 }
 
-TEST_F(Retrait, unScriptQuiNeSecritPasMeneALEchecAussitot) {
-    c.mac.poser(c.mac.maison() + "/Library/Application Support/Assistant Lumivia", "un fichier");
-    c.cliquer("Retirer");
-    EXPECT_EQ(c.titre(), "Le retrait n'a pas abouti");
-    EXPECT_EQ(c.compter("Impossible d'écrire le script : "), 1);
-}
-
 TEST_F(Retrait, dixRecommencerNeLisentLeResultatQuUneFoisMemeSansImages) {
     c.mac.retirer("/Applications/Assistant Lumivia.app/Contents/Resources");
     c.cliquer("Retirer");
@@ -64,7 +59,7 @@ TEST_F(Retrait, dixRecommencerNeLisentLeResultatQuUneFoisMemeSansImages) {
     }
     finir(kReussite);
     ASSERT_TRUE(c.attendrePage("Désactiver le pilote FTDI"));
-    EXPECT_EQ(c.compter(std::string("Résultat du retrait (ok) :\n") + kReussite), 1);
+    EXPECT_EQ(c.compter("Résultat du retrait (ok) :\n" + kReussite), 1);
     EXPECT_EQ(c.compter("Retrait des anciens pilotes : ouverture du Terminal"), 11);
 }
 
