@@ -40,6 +40,8 @@ TEST(LignesResultat, suiventLEtatDuMac) {
 // Les autres pages viennent toutes dans les parcours ; aucun n'a de pilote sans émetteur.
 TEST(Navigation, lesPilotesPassentAvantLEmetteur) {
     Diagnostic d;
+    d.dextFTDIPresent = true;
+    EXPECT_EQ(pageSuivante(d, false), PageSuivante::brancher) << "l'extension n'est pas active";
     d.dextFTDIActif = true;
     EXPECT_EQ(pageSuivante(d, false), PageSuivante::extension);
     d.anciensKextsFTDI = {Diagnostic::anciensKexts[1]};
