@@ -209,6 +209,7 @@ TEST_F(SessionComplete, debrancherPendantLEnvoiNArretePasLaBoucle) {
     EXPECT_EQ(reception().trames, avant) << "l'ancienne poignée reste perdue";
     test->fermer();
     allumer();
+    test->fermer();
 }
 
 TEST_F(SessionComplete, dixMilleChangementsDeMotifNePerdentRien) {
