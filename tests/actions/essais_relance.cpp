@@ -1,7 +1,7 @@
 // La relance après le redémarrage, la demande de redémarrage et l'ouverture des Réglages.
 
 #include "actions/actions.hpp"
-#include "actions/messages.hpp"
+#include "commun/journal.hpp"
 #include "commun/liste_relue.hpp"
 #include "commun/mac.hpp"
 #include "plateforme/identite.hpp"

@@ -1,7 +1,7 @@
 // L'écriture du script de retrait et sa remise au Terminal.
 
 #include "actions/actions.hpp"
-#include "actions/messages.hpp"
+#include "commun/journal.hpp"
 #include "commun/limite.hpp"
 #include "commun/mac.hpp"
 

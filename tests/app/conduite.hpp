@@ -2,10 +2,10 @@
 #pragma once
 
 #include "app/delegue.hpp"
+#include "commun/journal.hpp"
 #include "commun/mac.hpp"
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/fenetre_qt.hpp"
-#include "support/journal.hpp"
 
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QTimer>
@@ -14,7 +14,6 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
-#include <algorithm>
 
 namespace essai {
 
@@ -130,13 +129,6 @@ public:
             }
         });
         gardien_.start(5);
-    }
-
-    static std::ptrdiff_t compter(const std::string& debut) {
-        const std::vector<std::string> lignes = Journal::shared().lignes();
-        return std::count_if(lignes.begin(), lignes.end(), [&](const std::string& ligne) {
-            return ligne.find("] " + debut) != std::string::npos;
-        });
     }
 
     Mac mac;

@@ -13,9 +13,9 @@ TEST(Analyse, commenceSeuleApresUnRedemarrageDontElleOublieLaMarque) {
     Actions::programmerRelance();
     c.demarrer();
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
-    EXPECT_EQ(c.compter("Rouvert automatiquement après le redémarrage"), 1);
+    EXPECT_EQ(essai::compter("Rouvert automatiquement après le redémarrage"), 1);
     EXPECT_EQ(plateforme::lirePreference(cle), std::nullopt);
-    EXPECT_EQ(c.compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
+    EXPECT_EQ(essai::compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
 }
 
 TEST(Analyse, leRapportSeCopiePendantQuElleCourt) {

@@ -15,7 +15,7 @@ TEST(Cadre, laBienvenueDitLaVersionDInfoPlistEtSesTextesSeCopient) {
                     "<plist><dict>" + valeur + "</dict></plist>");
         c.demarrer();
         EXPECT_EQ(c.textes().back(), "Version " + affichee);
-        EXPECT_EQ(c.compter("Démarrage de l'assistant " + notee), 1);
+        EXPECT_EQ(essai::compter("Démarrage de l'assistant " + notee), 1);
     }
     EXPECT_EQ(c.fenetre().windowTitle().toStdString(), "Assistant Lumivia — Voltaris");
     EXPECT_EQ(c.fenetre().minimumSize(), c.fenetre().maximumSize());
@@ -44,7 +44,7 @@ TEST(Cadre, leClavierSeulConduitDesPagesQuiNeGardentQueLeursVues) {
         EXPECT_EQ(QApplication::focusWidget(), &c.bouton(titre)) << titre;
     }
     c.touche(Qt::Key_Return);
-    EXPECT_EQ(c.compter("Test DMX : plein"), 1) << "Retour va au bouton par défaut";
+    EXPECT_EQ(essai::compter("Test DMX : plein"), 1) << "Retour va au bouton par défaut";
     EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
     c.touche(Qt::Key_Space);
     EXPECT_EQ(c.titre(), "Tout fonctionne 🎉");

@@ -35,7 +35,7 @@ TEST(Extension, chaqueClicARecoitUneAlerteEtCellesQuiFinissentEnsembleNAgissentQ
     ASSERT_TRUE(attendreEntrees(3));
     c.mac.poser("/suite", "");
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
-    EXPECT_EQ(c.compter("Pilote FTDI DriverKit désactivé par l'utilisateur"), 1);
-    EXPECT_EQ(c.compter("Diagnostic :"), 2) << "celui du départ, et un seul depuis";
+    EXPECT_EQ(essai::compter("Pilote FTDI DriverKit désactivé par l'utilisateur"), 1);
+    EXPECT_EQ(essai::compter("Diagnostic :"), 2) << "celui du départ, et un seul depuis";
     EXPECT_EQ(c.alertes.size(), 2U);
 }

@@ -31,7 +31,7 @@ TEST(Fin, fermerPendantUneAnalyse) {
     Conduite c;
     c.mac.poserOutil("/usr/sbin/sysctl", "sleep 2");
     vivre(c, "Analyse en cours…", [&] { c.fenetre().close(); });
-    EXPECT_EQ(c.compter("Diagnostic"), 0);
+    EXPECT_EQ(essai::compter("Diagnostic"), 0);
 }
 
 TEST(Fin, commandeQPendantUneAnalyse) {
@@ -50,7 +50,7 @@ TEST(Fin, commandeQPendantLEnvoiLaisseLeFilFinirAvecLeProcessus) {
         c.bouton("Allumer").click();
         QTimer::singleShot(200, [] { plateforme::terminerApplication(); });
     });
-    EXPECT_EQ(c.compter("Test DMX : plein"), 1);
+    EXPECT_EQ(essai::compter("Test DMX : plein"), 1);
 }
 
 TEST(Fin, fermerPendantLEnvoiEteintDAbord) {

@@ -5,14 +5,14 @@ TEST(Projecteur, seTesteDUnEssaiRateAuGuideEtChaqueSessionNeSOuvreQuUneFois) {
     essai::Conduite c;
     c.passerLeResultat();
     c.cliquer("Non");
-    EXPECT_EQ(c.compter("FT_Open"), 0) << "répondre sans avoir rien envoyé n'ouvre rien";
-    EXPECT_EQ(c.compter("Test échoué (le projecteur ne réagit pas)"), 1);
+    EXPECT_EQ(essai::compter("FT_Open"), 0) << "répondre sans avoir rien envoyé n'ouvre rien";
+    EXPECT_EQ(essai::compter("Test échoué (le projecteur ne réagit pas)"), 1);
     EXPECT_EQ(c.parDefaut(), "Refaire le test");
     c.cliquer("Refaire le test");
     c.fermerLesAlertes();
     c.mac.poserEtat("emetteur_occupe", "");
     c.cliquer("Allumer");
-    EXPECT_EQ(c.compter("Test DMX"), 0);
+    EXPECT_EQ(essai::compter("Test DMX"), 0);
     ASSERT_EQ(c.alertes.size(), 1U);
     EXPECT_EQ(c.alertes[0].rfind("Test impossible\nImpossible d'ouvrir l'émetteur.", 0), 0U);
     c.mac.retirer("/etat/emetteur_occupe");
@@ -21,14 +21,14 @@ TEST(Projecteur, seTesteDUnEssaiRateAuGuideEtChaqueSessionNeSOuvreQuUneFois) {
     }
     for (const char* note :
          {"FT_Open : statut 0", "Test DMX : plein", "Test DMX : clignotant", "Test DMX : noir"}) {
-        EXPECT_EQ(c.compter(note), 1) << note;
+        EXPECT_EQ(essai::compter(note), 1) << note;
     }
     c.cliquer("Non");
     c.cliquer("Refaire le test");
     c.cliquer("Allumer");
-    EXPECT_EQ(c.compter("FT_Open : statut 0"), 2);
+    EXPECT_EQ(essai::compter("FT_Open : statut 0"), 2);
     c.cliquer("Oui");
-    EXPECT_EQ(c.compter("Test réussi (confirmé par l'utilisateur)"), 1);
+    EXPECT_EQ(essai::compter("Test réussi (confirmé par l'utilisateur)"), 1);
     // La consigne est le dernier texte de la zone.
     const auto consigne = [&] { return c.textes().rbegin()[1]; };
     EXPECT_EQ(consigne().rfind("Chataigne gère", 0), 0U) << consigne();

@@ -43,7 +43,7 @@ TEST_F(Retrait, unEchecSeReessaieEtSansReconstructionNiExtensionAnalyseANouveau)
     c.cliquer("Retirer");
     finir("sudo: 3 incorrect password attempts\n");
     ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
-    EXPECT_EQ(c.compter("Résultat du retrait (échec) :\nsudo: 3 incorrect"), 1);
+    EXPECT_EQ(essai::compter("Résultat du retrait (échec) :\nsudo: 3 incorrect"), 1);
     c.cliquer("Réessayer");
     c.cliquer("Retirer");
     finir("sauvegarde : /x\n");
@@ -59,8 +59,8 @@ TEST_F(Retrait, dixRecommencerNeLisentLeResultatQuUneFoisMemeSansImages) {
     }
     finir(kReussite);
     ASSERT_TRUE(c.attendrePage("Désactiver le pilote FTDI"));
-    EXPECT_EQ(c.compter("Résultat du retrait (ok) :\n" + kReussite), 1);
-    EXPECT_EQ(c.compter("Retrait des anciens pilotes : ouverture du Terminal"), 11);
+    EXPECT_EQ(essai::compter("Résultat du retrait (ok) :\n" + kReussite), 1);
+    EXPECT_EQ(essai::compter("Retrait des anciens pilotes : ouverture du Terminal"), 11);
 }
 
 TEST_F(Retrait, renonceApresDixMinutesEtPasAvant) {
@@ -70,5 +70,5 @@ TEST_F(Retrait, renonceApresDixMinutesEtPasAvant) {
     ASSERT_TRUE(c.attendrePage("Le retrait n'a pas abouti"));
     const std::chrono::duration<double> dure = std::chrono::steady_clock::now() - debut;
     EXPECT_GE(dure.count() * 200, 600);
-    EXPECT_EQ(c.compter("Résultat du retrait"), 0);
+    EXPECT_EQ(essai::compter("Résultat du retrait"), 0);
 }

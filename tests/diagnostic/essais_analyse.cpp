@@ -3,14 +3,18 @@
 #include "commun/mac.hpp"
 #include "diagnostic/diagnostic.hpp"
 
-#include <array>
-
 using namespace std::string_literals;
 
 namespace {
 
-// Le scénario, puis les blancs du rapport : Mac, émetteurs, D2xxHelper, anciens pilotes, extension.
-using Fiche = std::array<const char*, 6>;
+// Les blancs du rapport d'un scénario, qui donne son nom à l'essai.
+struct Fiche {
+    std::string scenario, mac, emetteurs, d2xxHelper, anciens, extension;
+
+    friend std::ostream& operator<<(std::ostream& flux, const Fiche& f) {
+        return flux << f.scenario;
+    }
+};
 
 const Fiche kFiches[] = {
     {"complet", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier présent, chargé oui",
@@ -27,10 +31,10 @@ const Fiche kFiches[] = {
      "aucun", "activé"},
 };
 
-std::string rapport(const Fiche& fiche) {
-    return std::string("Mac : ") + fiche[1] + "\nÉmetteur(s) FTDI 0403:6001 : " + fiche[2] +
-           "\nD2xxHelper : " + fiche[3] + "\nAnciens pilotes FTDI : " + fiche[4] +
-           "\nPilote FTDI DriverKit : " + fiche[5];
+std::string rapport(const Fiche& f) {
+    return "Mac : " + f.mac + "\nÉmetteur(s) FTDI 0403:6001 : " + f.emetteurs +
+           "\nD2xxHelper : " + f.d2xxHelper + "\nAnciens pilotes FTDI : " + f.anciens +
+           "\nPilote FTDI DriverKit : " + f.extension;
 }
 
 class AnalyseDeScenario : public testing::TestWithParam<Fiche> {};
@@ -46,7 +50,7 @@ const std::pair<std::string, std::string> kPannes[] = {
 } // namespace
 
 TEST_P(AnalyseDeScenario, DonneSaFiche) {
-    const essai::Mac mac(GetParam()[0]);
+    const essai::Mac mac(GetParam().scenario);
     EXPECT_EQ(Diagnostic::analyser().rapport(), rapport(GetParam()));
 }
 

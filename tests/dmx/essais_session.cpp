@@ -1,17 +1,18 @@
 // La session sur l'émetteur, avec la bibliothèque D2XX simulée chargée par le vrai chargeur.
+#include "commun/journal.hpp"
 #include "commun/mac.hpp"
 #include "commun/ressources.hpp"
 #include "dmx/test_dmx.hpp"
 #include "mac_simule/d2xx/reception.hpp"
 #include "mesures/releve/chiffres.hpp"
-#include "support/journal.hpp"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <set>
 #include <sys/file.h>
 
 namespace {
+
+using essai::compter;
 
 const std::string kBibliotheque =
     "/Applications/Assistant Lumivia.app/Contents/Frameworks/libftd2xx.dylib";
@@ -21,13 +22,6 @@ const char* const kIncomplete = "La bibliothèque de test est incomplète. Conta
 const char* const kEmetteurFerme =
     "Impossible d'ouvrir l'émetteur. Fermez votre logiciel lumière (il peut occuper l'émetteur), "
     "débranchez et rebranchez le câble USB, puis réessayez.";
-
-std::ptrdiff_t compter(const std::string& texte) {
-    const std::vector<std::string> lignes = Journal::shared().lignes();
-    return std::count_if(lignes.begin(), lignes.end(), [&](const std::string& ligne) {
-        return ligne.find("] " + texte) != std::string::npos;
-    });
-}
 
 class Session : public ::testing::Test {
 protected:
@@ -79,6 +73,8 @@ protected:
     }
 };
 
+class OuvertureFautive : public Session, public ::testing::WithParamInterface<const char*> {};
+
 class FonctionAbsente : public Session, public ::testing::WithParamInterface<const char*> {};
 
 } // namespace
@@ -125,11 +121,14 @@ TEST_F(Session, sansFTCloseLaPoigneeEstOublieeToutDeMeme) {
     EXPECT_EQ(compter("FT_Open : statut "), 2) << "fermée, la session s'ouvre à nouveau";
 }
 
-TEST_F(Session, unStatutNulSansPoigneeEstUnEchec) {
-    poserVariante("sans_poignee");
+TEST_P(OuvertureFautive, estUnEchecQuiDitSonStatut) {
+    poserVariante(GetParam());
     EXPECT_EQ(test->ouvrir(), kEmetteurFerme);
-    EXPECT_EQ(compter("FT_Open : statut 0"), 1);
+    EXPECT_EQ(compter("FT_Open : statut "), 1);
 }
+
+INSTANTIATE_TEST_SUITE_P(Session, OuvertureFautive,
+                         ::testing::Values("sans_poignee", "poignee_malgre_refus"));
 
 TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
     poserVariante("reglages_refuses");
