@@ -2,7 +2,7 @@
 # après tableau.sh, `programmes` désignant les programmes de mesure construits.
 # shellcheck shell=bash
 
-: "${racine:?}" "${travail:?}" "${programmes:?}"
+: "${racine:?}" "${travail:?}" "${programmes:?}" "${croise:?}"
 
 # Démarrage : du lancement du processus à la fenêtre peinte.
 fenetre_assistant() { sur complet "$programmes/commun/mesure_chronometrer" 1 "$programmes/demarrage/mesure_fenetre"; }
@@ -134,15 +134,11 @@ mesurer_memoire() {
 
 # Taille de ce qui se livre aux Macs.
 mesurer_taille() {
-    local application="$racine/sortie/Assistant Lumivia.app"
-    if [ ! -d "$application" ]; then
-        dire "Taille pour macOS : ./empaqueter fabrique d'abord l'application."
-        ligne "Taille pour macOS (l'application se fabrique par ./empaqueter)" — — — — "≤ 1,5 et 4 Mo" —
-        return
-    fi
+    local application="$travail/Assistant Lumivia.app"
+    "$racine/outils/assembler-paquet" "$croise/Assistant Lumivia" "$travail"
     ligne_valeur "Exécutable de macOS, deux puces" \
         "$(stat -c %s "$application/Contents/MacOS/Assistant Lumivia" | awk '{ print $1 / 1e6 }')" 2 \
         " Mo" — ≤ 1.5
-    ligne_valeur "Application de macOS entière" \
+    ligne_valeur "Application de macOS, sans la bibliothèque D2XX" \
         "$(du -sb --apparent-size "$application" | awk '{ print $1 / 1e6 }')" 2 " Mo" — ≤ 4
 }
