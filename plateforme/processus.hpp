@@ -17,7 +17,7 @@ struct FinDeProcessus {
 // attend la fin du programme. Bloque le fil appelant aussi longtemps que le programme, ou un
 // descendant qui garde le tube ouvert, vit. S'appelle de n'importe quel fil, de plusieurs à la
 // fois. L'enfant hérite de l'entrée standard, de l'environnement et du dossier courant, et d'aucun
-// autre descripteur.
+// autre descripteur ; aucun signal n'est masqué chez lui, chacun y a son effet ordinaire.
 FinDeProcessus executer(const std::string& chemin, const std::vector<std::string>& arguments);
 
 } // namespace plateforme
