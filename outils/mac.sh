@@ -6,18 +6,32 @@
 
 # Crée le Mac du scénario, s'il n'existe pas encore, et y pose le paquet de l'assistant.
 preparer_mac() {
-    local scenario=$1 mac=$2 paquet
-    if [ ! -d "$mac/etat" ]; then
-        "${construction:?}/mac_simule/racine/creer_mac" --scenario "$scenario" "$mac" ||
+    local scenario=$1 mac=$2 creer_mac=${construction:?}/mac_simule/racine/creer_mac paquet
+    if [ -d "$mac/etat" ]; then
+        "$creer_mac" --verifier "$mac" || exit 2
+    else
+        mkdir -p "$(dirname "$mac")" && "$creer_mac" --scenario "$scenario" "$mac" ||
             echouer "le Mac simulé n'a pas pu être créé." 2
     fi
     paquet="$mac/Applications/Assistant Lumivia.app"
-    rm -rf "$paquet"
-    cp -a "$construction/Assistant Lumivia.app" "$paquet"
+    { rm -rf "$paquet" && cp -a "$construction/Assistant Lumivia.app" "$paquet"; } ||
+        echouer "l'assistant ne peut pas être posé dans « $mac »."
     # Un scénario peut être celui d'un paquet abîmé.
     if [ -e "$mac/etat/bibliotheque_absente" ]; then
         rm -f "$paquet/Contents/Frameworks/libftd2xx.dylib"
     fi
+}
+
+# Garde ce Mac pour cette commande jusqu'à sa fin ; faux quand une autre le fait déjà vivre.
+prendre_mac() {
+    rendre_mac
+    exec {mac_pris}<"$1"
+    flock -n "$mac_pris"
+}
+
+rendre_mac() {
+    [ -z "${mac_pris:-}" ] || exec {mac_pris}<&-
+    mac_pris=
 }
 
 # Met le Mac et l'environnement en état de démonstration ; les images iront dans ce dossier.
@@ -36,10 +50,12 @@ preparer_demonstration() {
 }
 
 # L'assistant sous son lanceur, le banc à côté ; rend le statut du lanceur. Ce qui suit le Mac est
-# une commande qui lance le lanceur, pour l'observer.
+# une commande qui lance le lanceur, pour l'observer. À mener : une interruption les emporte.
 faire_vivre() {
     local mac=$1 banc statut=0
     shift
+    # Sans le verrou du Mac : ce que Qt laisserait derrière lui le garderait.
+    rendre_mac
     "$construction/mac_simule/banc/banc" "$mac" &
     banc=$!
     "$@" "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?
