@@ -21,5 +21,6 @@ function(paquet_du_mac_simule programme bibliotheque)
     COMMAND ${CMAKE_COMMAND} -E copy_if_different "$<TARGET_FILE:${bibliotheque}>"
             "${contenu}/Frameworks/libftd2xx.dylib"
     DEPENDS ${programme} ${bibliotheque}
+    COMMENT "Paquet de l'assistant"
     VERBATIM)
 endfunction()

@@ -23,8 +23,8 @@ temporaire=
 mene=
 
 # Crée le dossier temporaire de la commande, et laisse son chemin dans $temporaire.
-ouvrir_temporaire() { # [dossier] [nom]
-    temporaire=$(mktemp -d "${1:-${TMPDIR:-/tmp}}/${2:-lumivia}.XXXXXX") ||
+ouvrir_temporaire() { # nom [dossier]
+    temporaire=$(mktemp -d "${2:-${TMPDIR:-/tmp}}/$1.XXXXXX") ||
         echouer "le dossier temporaire ne peut pas être créé."
 }
 

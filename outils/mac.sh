@@ -56,6 +56,8 @@ faire_vivre() {
     shift
     # Sans le verrou du Mac : ce que Qt laisserait derrière lui le garderait.
     rendre_mac
+    # Sans session, Qt s'en ferait une sous /tmp, et l'y laisserait.
+    [ -n "${XDG_RUNTIME_DIR:-}" ] || export XDG_RUNTIME_DIR=${temporaire:?}
     "$construction/mac_simule/banc/banc" "$mac" &
     banc=$!
     "$@" "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?

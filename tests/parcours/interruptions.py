@@ -35,9 +35,10 @@ def fautes(signe, delai):
     with tempfile.TemporaryDirectory(prefix="interruption été ") as temporaire:
         commande = lancer(temporaire)
         time.sleep(delai)
-        if signe == signal.SIGTERM:
+        voulu = 0 if commande.poll() == 0 else 128 + signe
+        if voulu and signe == signal.SIGTERM:
             commande.send_signal(signe)
-        else:
+        elif voulu:  # un terminal prévient tout le groupe
             os.killpg(commande.pid, signe)
         try:
             _, erreurs = commande.communicate(timeout=30)
@@ -47,7 +48,7 @@ def fautes(signe, delai):
         restes = list(habitants(temporaire)) + os.listdir(temporaire)
         liens = [lien for lien in pathlib.Path("/tmp").iterdir()
                  if lien.is_symlink() and os.readlink(lien).startswith(temporaire)]
-        statut = [] if commande.returncode == 128 + signe else [f"statut {commande.returncode}"]
+        statut = [] if commande.returncode == voulu else [f"statut {commande.returncode}"]
         return statut + restes + liens + erreurs.decode().splitlines()
 
 
