@@ -37,7 +37,7 @@ def methodes(texte):
 
 def proprietes(texte):
     """Les sélecteurs, de lecture et d'écriture, de chaque propriété déclarée."""
-    for attributs, nom in re.findall(r"@property\s*(\([^)]*\))?[^;]*?(\w+);", texte):
+    for attributs, nom in re.findall(r"@property\s*(\([^)]*\))?[^;]*?(\w+)(?: NS_\w+)?;", texte):
         lecture = re.search(r"getter=(\w+)", attributs)
         yield {lecture.group(1) if lecture else nom, f"set{nom[0].upper()}{nom[1:]}:"}
 
