@@ -164,6 +164,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @property(weak) id<NSWindowDelegate> delegate;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property(getter=isRestorable) BOOL restorable;
+@property BOOL autorecalculatesKeyViewLoop;
 - (instancetype)initWithContentRect:(NSRect)cadre
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)tampon
