@@ -17,6 +17,7 @@ VALEURS = {
     "NSOrderedAscending": -1, "NSUTF8StringEncoding": 4, "NSPropertyListXMLFormat_v1_0": 100,
     "NSActivityUserInitiatedAllowingIdleSystemSleep": 0xEFFFFF,
     "NSActivityLatencyCritical": 0xFF00000000, "NSLayoutPriorityDefaultLow": 250,
+    "NSEventTypeLeftMouseUp": 2, "NSEventTypeKeyDown": 10,
     "NSApplicationActivationPolicyRegular": 0, "NSWindowStyleMaskTitled": 1,
     "NSWindowStyleMaskClosable": 2, "NSWindowStyleMaskMiniaturizable": 4,
     "NSBackingStoreBuffered": 2, "NSUserInterfaceLayoutOrientationHorizontal": 0,
