@@ -40,6 +40,7 @@ Fenetre::Fenetre(const std::string& titre, double largeur, double hauteur)
                                         defer:NO];
     fenetre.releasedWhenClosed = NO; // ARC s'en charge
     fenetre.restorable = NO;
+    fenetre.autorecalculatesKeyViewLoop = YES; // Tab atteint les boutons de chaque nouvelle page
     fenetre.title = macos::versNSString(titre);
     native_->fenetre = fenetre;
 }

@@ -1,6 +1,7 @@
 // Étiquettes, boutons, menus locaux et vues vides.
 #include "plateforme/macos/textes.hpp"
 #include "plateforme/macos/vue_native.hpp"
+#include "plateforme/posix/suite_de_clics.hpp"
 
 #include <objc/runtime.h>
 
@@ -43,11 +44,30 @@ void brancher(NSControl* controle, ActionControle action) {
     controle.action = @selector(declencher:);
 }
 
+// Faux pour ce qui reste d'un geste fait sur la page d'avant : la fin d'un double clic, une touche
+// tenue. Chaque question lève une exception hors de son genre d'événement.
+bool estVoulu(SuiteDeClics& clics) {
+    NSEvent* evenement = NSApplication.sharedApplication.currentEvent;
+    switch (evenement.type) {
+    case NSEventTypeLeftMouseUp:
+        return clics.accepte(evenement.clickCount);
+    case NSEventTypeKeyDown:
+        return !evenement.ARepeat;
+    default:
+        return true;
+    }
+}
+
 std::shared_ptr<VueNative> creerBouton(const std::string& titre, std::function<void()> action) {
     NSButton* bouton = [NSButton buttonWithTitle:macos::versNSString(titre) target:nil action:nil];
     bouton.bezelStyle = NSBezelStyleRounded;
     bouton.controlSize = NSControlSizeRegular;
-    brancher(bouton, [action = std::move(action)](NSControl*) { action(); });
+    const auto clics = std::make_shared<SuiteDeClics>();
+    brancher(bouton, [action = std::move(action), clics](NSControl*) {
+        if (estVoulu(*clics)) {
+            action();
+        }
+    });
     return macos::tenir(bouton);
 }
 

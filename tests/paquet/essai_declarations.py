@@ -17,6 +17,7 @@ VALEURS = {
     "NSOrderedAscending": -1, "NSUTF8StringEncoding": 4, "NSPropertyListXMLFormat_v1_0": 100,
     "NSActivityUserInitiatedAllowingIdleSystemSleep": 0xEFFFFF,
     "NSActivityLatencyCritical": 0xFF00000000, "NSLayoutPriorityDefaultLow": 250,
+    "NSEventTypeLeftMouseUp": 2, "NSEventTypeKeyDown": 10,
     "NSApplicationActivationPolicyRegular": 0, "NSWindowStyleMaskTitled": 1,
     "NSWindowStyleMaskClosable": 2, "NSWindowStyleMaskMiniaturizable": 4,
     "NSBackingStoreBuffered": 2, "NSUserInterfaceLayoutOrientationHorizontal": 0,
@@ -37,7 +38,7 @@ def methodes(texte):
 
 def proprietes(texte):
     """Les sélecteurs, de lecture et d'écriture, de chaque propriété déclarée."""
-    for attributs, nom in re.findall(r"@property\s*(\([^)]*\))?[^;]*?(\w+);", texte):
+    for attributs, nom in re.findall(r"@property\s*(\([^)]*\))?[^;]*?(\w+)(?: NS_\w+)?;", texte):
         lecture = re.search(r"getter=(\w+)", attributs)
         yield {lecture.group(1) if lecture else nom, f"set{nom[0].upper()}{nom[1:]}:"}
 

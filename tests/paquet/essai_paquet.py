@@ -55,6 +55,7 @@ class Paquet(unittest.TestCase):
             "LSMinimumSystemVersion": "10.15", "NSHighResolutionCapable": True,
             "LSMinimumSystemVersionByArchitecture": {"arm64": "11.0", "x86_64": "10.15"},
             "LSApplicationCategoryType": "public.app-category.utilities",
+            "LSEnvironment": {"SYSTEM_VERSION_COMPAT": "0"},
             "NSPrincipalClass": "NSApplication",
         })
 

@@ -9,6 +9,8 @@ typedef float NSLayoutPriority;
 
 static const NSLayoutPriority NSLayoutPriorityDefaultLow = 250;
 
+typedef NS_ENUM(NSUInteger, NSEventType) { NSEventTypeLeftMouseUp = 2, NSEventTypeKeyDown = 10 };
+
 typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
     NSApplicationActivationPolicyRegular = 0
 };
@@ -77,6 +79,12 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 
 @interface NSLayoutDimension : NSLayoutAnchor <NSLayoutDimension*>
 - (NSLayoutConstraint*)constraintEqualToConstant:(CGFloat)valeur;
+@end
+
+@interface NSEvent : NSObject
+@property(readonly) NSEventType type;
+@property(readonly) NSInteger clickCount;
+@property(readonly, getter=isARepeat) BOOL ARepeat;
 @end
 
 @interface NSResponder : NSObject
@@ -164,6 +172,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @property(weak) id<NSWindowDelegate> delegate;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property(getter=isRestorable) BOOL restorable;
+@property BOOL autorecalculatesKeyViewLoop;
 - (instancetype)initWithContentRect:(NSRect)cadre
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)tampon
@@ -184,6 +193,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @property(class, readonly, strong) NSApplication* sharedApplication;
 @property(weak) id<NSApplicationDelegate> delegate;
 @property(strong) NSMenu* mainMenu;
+@property(readonly, strong) NSEvent* currentEvent;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)politique;
 - (void)activateIgnoringOtherApps:(BOOL)devantToutes;
 - (void)run;

@@ -61,7 +61,7 @@ struct NSFastEnumerationState {
 };
 
 @interface NSString : NSObject <NSCopying>
-@property(readonly) const char* UTF8String;
+@property(readonly) const char* UTF8String NS_RETURNS_INNER_POINTER;
 + (instancetype)stringWithUTF8String:(const char*)octets;
 - (instancetype)initWithBytes:(const void*)octets
                        length:(NSUInteger)longueur
@@ -74,7 +74,7 @@ struct NSFastEnumerationState {
 @end
 
 @interface NSData : NSObject
-@property(readonly) const void* bytes;
+@property(readonly) const void* bytes NS_RETURNS_INNER_POINTER;
 @property(readonly) NSUInteger length;
 @end
 

@@ -9,6 +9,9 @@ typedef unsigned long NSUInteger;
 
 #define NS_DESIGNATED_INITIALIZER __attribute__((objc_designated_initializer))
 
+// L'adresse rendue est dans l'objet : ARC le garde en vie tant qu'elle sert.
+#define NS_RETURNS_INNER_POINTER __attribute__((objc_returns_inner_pointer))
+
 #define NS_ENUM(type, nom)                                                                         \
     enum nom : type nom;                                                                           \
     enum nom : type
