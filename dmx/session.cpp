@@ -5,12 +5,15 @@
 #include "support/journal.hpp"
 
 #include <array>
+#include <utility>
 
 namespace {
 
 constexpr std::uint32_t kDebitDMX512 = 250'000;
 constexpr unsigned kDureeTramesNoires = 150'000; // µs
 constexpr unsigned kAttenteFinDeTrame = 100'000; // µs
+constexpr unsigned kPatience = 1'000'000;        // µs, pour un appel qui ne revient pas
+constexpr unsigned kPasDePatience = 1'000;       // µs
 
 constexpr const char* kIntrouvable =
     "La bibliothèque de test est introuvable dans l'assistant. Contactez Voltaris.";
@@ -84,18 +87,32 @@ void TestDMX::configurer() {
 }
 
 void TestDMX::fermer() {
-    if (actif_) {
-        fixerMotif(Motif::noir);
-        plateforme::dormirMicrosecondes(kDureeTramesNoires);
-        actif_ = false;
-        plateforme::dormirMicrosecondes(kAttenteFinDeTrame);
-        // D'ordinaire le fil est déjà parti ; l'émetteur ne se ferme pas sous une écriture lente.
-        thread_.join();
-    }
-    if (handle_ != nullptr && lib_ != nullptr) {
+    if (arreterLeFil() && handle_ != nullptr && lib_ != nullptr) {
         if (const auto fermeture = fonction<FonctionPoignee>(lib_, "FT_Close")) {
             fermeture(handle_);
         }
     }
     handle_ = nullptr;
+}
+
+bool TestDMX::arreterLeFil() {
+    const std::shared_ptr<FilDesTrames> fil = std::exchange(actif_, nullptr);
+    if (fil == nullptr) {
+        return true;
+    }
+    fixerMotif(Motif::noir);
+    plateforme::dormirMicrosecondes(kDureeTramesNoires);
+    fil->consigne = FilDesTrames::Consigne::finir;
+    plateforme::dormirMicrosecondes(kAttenteFinDeTrame);
+    // D'ordinaire le fil est déjà parti ; l'émetteur ne se ferme pas sous une écriture lente.
+    for (unsigned attendu = 0; !fil->parti && attendu < kPatience; attendu += kPasDePatience) {
+        plateforme::dormirMicrosecondes(kPasDePatience);
+    }
+    if (!fil->parti) {
+        fil->consigne = FilDesTrames::Consigne::partir;
+        thread_.detach();
+        return false;
+    }
+    thread_.join();
+    return true;
 }

@@ -42,42 +42,50 @@ TestDMX::Motif TestDMX::motifCourant() {
 
 void TestDMX::envoyer(Motif motif) {
     fixerMotif(motif);
-    if (actif_) {
+    if (actif_ != nullptr) {
         return;
     }
-    actif_ = true;
+    actif_ = std::make_shared<FilDesTrames>(lib_, handle_);
     try {
-        thread_ = std::thread([faible = weak_from_this()] {
+        thread_ = std::thread([faible = weak_from_this(), fil = actif_] {
             if (const std::shared_ptr<TestDMX> session = faible.lock()) {
-                session->envoyerTrames();
+                session->envoyerTrames(*fil);
             }
+            fil->parti = true;
         });
     } catch (const std::system_error&) {
         // Sans fil, rien ne part : le prochain bouton de motif réessaie.
-        actif_ = false;
+        actif_ = nullptr;
     }
 }
 
-// Le corps du fil des trames. Les statuts ne sont pas regardés : un émetteur débranché n'arrête pas
-// la boucle, c'est la réponse de l'utilisateur devant son projecteur qui fait le verdict.
-void TestDMX::envoyerTrames() {
-    if (lib_ == nullptr) {
+// Les statuts ne sont pas regardés : un émetteur débranché n'arrête pas la boucle, c'est la réponse
+// de l'utilisateur devant son projecteur qui fait le verdict.
+void TestDMX::envoyerTrames(const FilDesTrames& fil) {
+    using Consigne = FilDesTrames::Consigne;
+    if (fil.lib == nullptr) {
         return;
     }
-    const FonctionsTrame ft(lib_);
+    const FonctionsTrame ft(fil.lib);
     if (!ft.completes()) {
         return;
     }
     const plateforme::ActiviteUrgente cadence("Envoi des trames DMX512");
     std::array<std::uint8_t, kTailleTrame> trame{}; // l'octet 0, le code de départ, reste nul
     std::uint32_t ecrits = 0;
-    for (std::int64_t n = 0; actif_; ++n) {
+    for (std::int64_t n = 0; fil.consigne == Consigne::envoyer; ++n) {
         std::fill(trame.begin() + 1, trame.end(), valeurCanaux(motifCourant(), n));
-        ft.setBreakOn(handle_);
+        ft.setBreakOn(fil.handle);
+        if (fil.consigne == Consigne::partir) {
+            return;
+        }
         plateforme::dormirMicrosecondes(kDureeBreak);
         // La marque qui suit dure le temps de lancer l'écriture : le DMX512 n'en demande pas plus.
-        ft.setBreakOff(handle_);
-        ft.write(handle_, trame.data(), static_cast<std::uint32_t>(trame.size()), &ecrits);
+        ft.setBreakOff(fil.handle);
+        if (fil.consigne == Consigne::partir) {
+            return;
+        }
+        ft.write(fil.handle, trame.data(), static_cast<std::uint32_t>(trame.size()), &ecrits);
         plateforme::dormirMicrosecondes(kPauseApresTrame);
     }
 }

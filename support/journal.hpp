@@ -13,6 +13,9 @@ class Journal {
 public:
     // L'unique journal, créé au premier usage et vivant jusqu'à la fin du processus.
     static Journal& shared();
+    // Une copie noterait à part, et ses lignes manqueraient au rapport.
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
 
     // Ajoute « [date heure] message ». Le message peut porter des fins de ligne.
     void note(const std::string& message);

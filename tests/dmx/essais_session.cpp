@@ -73,6 +73,21 @@ protected:
     }
 };
 
+// Une bibliothèque dont l'écriture ne revient pas tant qu'on la retient ; ses appels se lisent.
+class EcritureRetenue : public Session {
+protected:
+    EcritureRetenue() {
+        poserVariante("ecriture_retenue");
+        ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
+    }
+
+    void retenir() const { mac.poserEtat("ecriture_retenue", ""); }
+
+    void laisserRevenir() const { mac.retirer("/etat/ecriture_retenue"); }
+
+    std::size_t dernier(const std::string& appel) const { return mac.lire("/appels").rfind(appel); }
+};
+
 class OuvertureFautive : public Session, public ::testing::WithParamInterface<const char*> {};
 
 class FonctionAbsente : public Session, public ::testing::WithParamInterface<const char*> {};
@@ -138,6 +153,43 @@ TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
         essai::attendre([&] { return reception().verdict == d2xx::Verdict::ligneMalReglee; }));
     test->fermer();
     EXPECT_EQ(reception().niveauMax + reception().correctes, 0U);
+}
+
+TEST_F(EcritureRetenue, revenueAvantLaPatienceFinitAvantLaFermeture) {
+    allumer();
+    retenir();
+    std::thread retour([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(400));
+        laisserRevenir();
+    });
+    test->fermer();
+    retour.join();
+    ASSERT_NE(dernier("FT_Close : 0"), std::string::npos);
+    EXPECT_LT(dernier("FT_Write : "), dernier("FT_Close : 0"));
+}
+
+TEST_F(EcritureRetenue, abandonneeNeFermeRienEtNeToucheJamaisLaSessionSuivante) {
+    const essai::Ressources avant;
+    allumer();
+    retenir();
+    test->fermer();
+    EXPECT_EQ(dernier("FT_Close"), std::string::npos) << "l'émetteur ne se ferme pas sous le fil";
+    EXPECT_EQ(test->ouvrir(), kEmetteurFerme) << "la poignée perdue tient l'émetteur";
+    const std::string fiche = mac.lire("/etat/usb/emetteur-1");
+    mac.retirer("/etat/usb/emetteur-1");
+    mac.poser("/etat/usb/emetteur-1", fiche);
+    ASSERT_EQ(test->ouvrir(), std::nullopt) << "rebranché, il s'ouvre, l'écriture encore retenue";
+    laisserRevenir();
+    allumer();
+    test->fermer();
+    EXPECT_EQ(reception().niveauMax, 0);
+    EXPECT_TRUE(essai::attendre([&] { return essai::Ressources().fils == avant.fils; }));
+    const std::string appels = mac.lire("/appels");
+    const std::string refusee = "FT_Write : 1\n"; // 1 : la poignée de l'ancienne session
+    const std::size_t revenue = appels.find(refusee);
+    ASSERT_NE(revenue, std::string::npos);
+    EXPECT_EQ(appels.find(refusee, revenue + 1), std::string::npos) << "rien après son retour";
+    EXPECT_EQ(compter(""), 3) << "abandonner ne s'écrit pas au journal";
 }
 
 TEST_F(SessionComplete, regleLaLignePourLeDmx512EtNeLeFaitQuUneFois) {
