@@ -156,6 +156,7 @@ TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
 }
 
 TEST_F(EcritureRetenue, revenueAvantLaPatienceFinitAvantLaFermeture) {
+    const essai::Ressources avant;
     allumer();
     retenir();
     std::thread retour([this] {
@@ -164,6 +165,7 @@ TEST_F(EcritureRetenue, revenueAvantLaPatienceFinitAvantLaFermeture) {
     });
     test->fermer();
     retour.join();
+    ASSERT_TRUE(essai::attendre([&] { return essai::Ressources().fils == avant.fils; }));
     ASSERT_NE(dernier("FT_Close : 0"), std::string::npos);
     EXPECT_LT(dernier("FT_Write : "), dernier("FT_Close : 0"));
 }
