@@ -1,5 +1,6 @@
 #include "app/delegue.hpp"
 #include "plateforme/application.hpp"
+#include "plateforme/processus.hpp"
 
 namespace {
 
@@ -9,6 +10,7 @@ Delegue& delegue = *new Delegue;
 } // namespace
 
 int main() {
+    plateforme::retablirFinDesEnfants();
     plateforme::definirDelegue(
         {[] { delegue.applicationDidFinishLaunching(); },
          [] { return Delegue::applicationShouldTerminateAfterLastWindowClosed(); }});

@@ -47,8 +47,9 @@ enum class Ajout { fait, absent, echec };
 // deux programmes ne se mêlent pas. `absent` quand le fichier n'existe pas encore.
 Ajout ajouterALaFin(const std::string& chemin, const std::string& octets);
 
-// Crée le fichier avec ce contenu, d'un coup, et seulement s'il n'existe pas : faux quand un autre
-// l'a créé entre-temps ou que l'écriture a échoué. N'écrase jamais rien.
+// Crée le fichier avec ce contenu, et seulement s'il n'existe pas : faux quand un autre l'a créé
+// entre-temps ou que l'écriture a échoué. N'écrase jamais rien. Le fichier paraît d'un coup, sauf
+// sur un disque qui ne connaît pas les liens.
 bool creerSansEcraser(const std::string& chemin, const std::string& octets);
 
 // Dossier personnel de l'utilisateur, sans barre finale.

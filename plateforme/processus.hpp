@@ -20,4 +20,8 @@ struct FinDeProcessus {
 // autre descripteur ; aucun signal n'est masqué chez lui, chacun y a son effet ordinaire.
 FinDeProcessus executer(const std::string& chemin, const std::vector<std::string>& arguments);
 
+// Rend au programme la fin de ses enfants : qui l'a lancé a pu lui faire ignorer SIGCHLD, et le
+// système oublierait alors comment chacun a fini. Une fois, au début, avant tout autre fil.
+void retablirFinDesEnfants();
+
 } // namespace plateforme

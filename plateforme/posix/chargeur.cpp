@@ -9,7 +9,7 @@ namespace plateforme {
 Chargement charger(const std::string& chemin) {
     // Un chemin vide désignerait le programme lui-même.
     if (chemin.empty()) {
-        return {};
+        return {nullptr, "l'application n'a pas de dossier de bibliothèques"};
     }
     if (void* bibliotheque = ::dlopen(natif::cheminReel(chemin).c_str(), RTLD_NOW)) {
         return {bibliotheque, {}};

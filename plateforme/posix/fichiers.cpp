@@ -65,6 +65,16 @@ private:
     bool existe_ = false;
 };
 
+// Là où les liens n'existent pas (exFAT, dossier personnel en réseau). Une écriture ratée laisse le
+// fichier : un autre programme y a peut-être déjà ajouté.
+bool creerSurPlace(const std::string& reel, const std::string& octets) {
+    Descripteur fichier(sansInterruption([&] {
+        return ::open(reel.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC,
+                      kModeFichier);
+    }));
+    return fichier.ouvert() && ecrireTout(fichier.numero(), octets) && fichier.fermer();
+}
+
 } // namespace
 
 bool existe(const std::string& chemin) {
@@ -176,7 +186,10 @@ Ajout ajouterALaFin(const std::string& chemin, const std::string& octets) {
 bool creerSansEcraser(const std::string& chemin, const std::string& octets) {
     const std::string reel = cheminReel(chemin);
     Temporaire temporaire(reel);
-    return temporaire.ecrire(octets) && temporaire.lier(reel);
+    if (!temporaire.ecrire(octets)) {
+        return false;
+    }
+    return temporaire.lier(reel) || (errno != EEXIST && creerSurPlace(reel, octets));
 }
 
 } // namespace plateforme

@@ -139,4 +139,8 @@ FinDeProcessus executer(const std::string& chemin, const std::vector<std::string
     return {std::move(octets), attendre(enfant)};
 }
 
+void retablirFinDesEnfants() {
+    std::signal(SIGCHLD, SIG_DFL); // n'échoue pas : le signal existe
+}
+
 } // namespace plateforme

@@ -96,7 +96,7 @@ class FonctionAbsente : public Session, public ::testing::WithParamInterface<con
 
 TEST_F(Session, sansBibliothequeLeDitEtPeutReessayer) {
     EXPECT_EQ(test->ouvrir(), kIntrouvable);
-    EXPECT_EQ(compter("D2XX introuvable : "), 1);
+    EXPECT_EQ(compter("D2XX introuvable : l'application n'a pas de dossier"), 1);
     mac.poser(kBibliotheque, "ceci n'est pas une bibliothèque");
     EXPECT_EQ(test->ouvrir(), kIntrouvable);
     // Le texte du chargeur ne montre que des chemins de Mac.

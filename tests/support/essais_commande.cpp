@@ -3,9 +3,11 @@
 #include "commun/limite.hpp"
 #include "commun/mac.hpp"
 #include "commun/ressources.hpp"
+#include "plateforme/processus.hpp"
 #include "support/systeme.hpp"
 
 #include <atomic>
+#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -40,7 +42,9 @@ TEST_F(Commande, DeuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
     EXPECT_EQ(fin.sortie.find_first_not_of('x'), std::string::npos);
 }
 
-TEST_F(Commande, LesArgumentsEtLesDeuxSortiesPassentTelsQuels) {
+TEST_F(Commande, LesArgumentsLesDeuxSortiesEtLeStatutPassentTelsQuels) {
+    std::signal(SIGCHLD, SIG_IGN); // comme un lanceur peut le laisser
+    plateforme::retablirFinDesEnfants();
     const Systeme::Resultat fin = sh(
         "printf '%s|' \"$#\" \"$@\"; echo fin >&2; printf ' \\n\\n'; exit 3",
         {"", "deux mots", "l'un \"ou\" l'autre", "$HOME * `id` \\n", "ligne\nligne\n", "-", "é"});

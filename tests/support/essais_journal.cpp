@@ -5,11 +5,28 @@
 #include "support/journal.hpp"
 #include "support/systeme.hpp"
 
+#include <cerrno>
+#include <fcntl.h>
 #include <map>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+
+namespace {
+
+bool liensRefuses = false;
+
+} // namespace
+
+// Le programme d'essais passe par ici : un disque peut ne pas connaître les liens.
+extern "C" int link(const char* source, const char* cible) noexcept {
+    if (liensRefuses) {
+        errno = EPERM;
+        return -1;
+    }
+    return ::linkat(AT_FDCWD, source, AT_FDCWD, cible, 0);
+}
 
 namespace {
 
@@ -131,4 +148,13 @@ TEST_F(EssaiJournal, DesProgrammesQuiCommencentEnsembleNePerdentNiNeDechirentAuc
         }
         EXPECT_EQ(mac.elements(dossier), 1);
     }
+}
+
+TEST_F(EssaiJournal, SurUnDisqueSansLiensLeFichierNaitToutDeMeme) {
+    liensRefuses = true;
+    const std::string premiere = noter("un");
+    EXPECT_EQ(mac.lire(fichier), premiere);
+    const std::string seconde = noter("deux");
+    EXPECT_EQ(mac.lire(fichier), premiere + seconde);
+    EXPECT_EQ(mac.elements(dossier), 1) << "aucun fichier temporaire ne reste";
 }
