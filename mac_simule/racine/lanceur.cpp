@@ -1,5 +1,5 @@
 // lanceur : loginwindow et launchd du Mac simulé. Ouvre l'assistant, redémarre le Mac quand il le
-// demande, obéit ensuite aux agents de session, et finit quand plus rien ne tourne.
+// demande, obéit ensuite aux agents de session, et finit quand plus rien du Mac ne tourne.
 //
 // Pendant une démonstration, une personne simulée rouvre l'assistant depuis le dossier Applications
 // tant que la dernière page n'est pas atteinte.
@@ -82,11 +82,12 @@ bool Lanceur::redemarrer() {
 
 // Vrai quand il n'y a plus rien à attendre de la session.
 bool Lanceur::reposee() {
-    if (session_.vide() || WIFSIGNALED(session_.etatAssistant())) {
+    const auto reste = session_.reste();
+    if (reste == Session::Reste::rien || WIFSIGNALED(session_.etatAssistant())) {
         return true;
     }
     const auto maintenant = std::chrono::steady_clock::now();
-    if (session_.assistantPresent()) {
+    if (reste == Session::Reste::assistant) {
         dernierAssistant_ = maintenant;
     }
     // Une fenêtre du Terminal restée ouverte attend quelqu'un, que la démonstration n'a pas.

@@ -42,14 +42,32 @@ TEST(Lanceur, UneDemonstrationQuiNAvancePasFinitEnEchec) {
     EXPECT_EQ(mac.fait("passages").size(), 5 * std::string("passage \n").size());
 }
 
+TEST(Lanceur, AttendLaFenetreDuTerminalMaisPasUnProgrammeDeLaMachine) {
+    const MacEssai mac("pret");
+    mac.poserOutil("/Users/finir.command",
+                   "sleep 1\ntouch \"$LUMIVIA_PREFIXE/etat/apres\"\n"
+                   "osascript -e 'tell application \"Terminal\"' -e 'close (every window whose "
+                   "name contains \"finir\")'");
+    installer(mac, "cd \"$M\"; setsid -f sleep 300; usr/bin/open -a Terminal "
+                   "/Users/finir.command\n");
+    EXPECT_EQ(derouler(mac).code, 0);
+    EXPECT_TRUE(mac.existe("/etat/apres"));
+    EXPECT_FALSE(mac.habite());
+}
+
 TEST(Lanceur, UnSignalMetFinATout) {
     const MacEssai mac("pret");
     installer(mac, "cd \"$M\"; setsid -f sleep 300; touch pret; exec sleep 300\n");
-    const Systeme::Resultat fini = lancer(
-        cite(LANCEUR) + " " + cite(mac.racine()) + " & while [ ! -e " +
-        cite(mac.racine() / "pret") + " ]; do sleep 0.05; done; kill -INT $!; wait $!; echo $?");
-    EXPECT_EQ(fini.sortie, "130\n");
-    EXPECT_FALSE(mac.habite());
+    for (const auto& [signal, statut] :
+         {std::pair{"HUP", "129\n"}, {"INT", "130\n"}, {"TERM", "143\n"}}) {
+        mac.retirer("/pret");
+        const Systeme::Resultat fini =
+            lancer(cite(LANCEUR) + " " + cite(mac.racine()) + " & while [ ! -e " +
+                   cite(mac.racine() / "pret") + " ]; do sleep 0.05; done; kill -" + signal +
+                   " $!; wait $!; echo $?");
+        EXPECT_EQ(fini.sortie, statut);
+        EXPECT_FALSE(mac.habite());
+    }
 }
 
 TEST(Lanceur, RefuseCeQuiNEstPasUnMac) {
