@@ -7,6 +7,7 @@
 #include "mac_simule/racine/agents.hpp"
 #include "mac_simule/racine/chemins.hpp"
 #include "mac_simule/racine/etat.hpp"
+#include "mac_simule/racine/integrite.hpp"
 #include "mac_simule/racine/redemarrage.hpp"
 #include "mac_simule/racine/session.hpp"
 
@@ -130,19 +131,25 @@ int Lanceur::derouler() {
     }
 }
 
+int refuser(const std::string& phrase) {
+    std::cerr << phrase << '\n';
+    return 2;
+}
+
 } // namespace
 
 int main(int nombre, char** arguments) {
     const bool avecSuite = nombre >= 3 && std::string("--assistant") == arguments[2];
     if (nombre < 2 || (nombre > 2 && !avecSuite)) {
-        std::cerr << "Usage : lanceur RACINE [--assistant ARGUMENTS…]\n";
-        return 2;
+        return refuser("Usage : lanceur RACINE [--assistant ARGUMENTS…]");
     }
-    std::error_code illisible;
-    const fs::path racine = fs::canonical(arguments[1], illisible);
-    if (illisible || !estUnMac(racine)) {
-        std::cerr << "« " << arguments[1] << " » n'est pas un Mac simulé.\n";
-        return 2;
+    std::error_code illisible; // le chemin reste alors tel qu'il est donné : ce n'est pas un Mac
+    fs::path racine = fs::canonical(arguments[1], illisible);
+    if (illisible) {
+        racine = arguments[1];
+    }
+    if (const std::string defaut = defautDuMac(racine); !defaut.empty()) {
+        return refuser(defaut);
     }
     std::vector<std::string> suite;
     if (avecSuite) {

@@ -77,4 +77,8 @@ TEST(Lanceur, RefuseCeQuiNEstPasUnMac) {
     const Systeme::Resultat sansPaquet = derouler(mac);
     EXPECT_EQ(sansPaquet.code, 1);
     EXPECT_TRUE(contient(sansPaquet.sortie, "dossier Applications"));
+    mac.retirer("/private");
+    const Systeme::Resultat abime = derouler(mac);
+    EXPECT_EQ(abime.code, 2);
+    EXPECT_TRUE(contient(abime.sortie, "n'est pas entier : il manque « private/tmp »"));
 }

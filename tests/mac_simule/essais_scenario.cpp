@@ -57,3 +57,27 @@ TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
     EXPECT_EQ(refus.code, 2) << refus.sortie;
     EXPECT_EQ(lancer("ls -A " + cite(d)).sortie, "faux.scenario\n");
 }
+
+TEST(CreerMac, UnMacAbimeSeDitEnNommantCeQuiLuiManque) {
+    const MacEssai mac("pret");
+    const std::string verifier = cite(CREER_MAC) + " --verifier " + cite(mac.racine());
+    std::vector<fs::path> pieces{"etat/usb",          "etat/debranches", "etat/fenetres",
+                                 "private/tmp",       "private/var/log", "Applications",
+                                 "Library/Extensions"};
+    for (const char* outils : {"usr", "System"}) {
+        for (const auto& entree : fs::recursive_directory_iterator(mac.racine() / outils)) {
+            if (entree.is_regular_file() && entree.path().extension() != ".plist") {
+                pieces.push_back(fs::relative(entree, mac.racine()));
+            }
+        }
+    }
+    for (const fs::path& piece : pieces) {
+        fs::rename(mac.racine() / piece, mac.racine() / "ailleurs");
+        const Systeme::Resultat refus = lancer(verifier);
+        EXPECT_EQ(refus.code, 2) << piece;
+        EXPECT_TRUE(contient(refus.sortie, "il manque « " + piece.string())) << refus.sortie;
+        fs::rename(mac.racine() / "ailleurs", mac.racine() / piece);
+    }
+    fs::permissions(mac.reel("/usr/sbin/sysctl"), fs::perms::none); // une panne, pas un manque
+    EXPECT_EQ(lancer(verifier).code, 0);
+}
