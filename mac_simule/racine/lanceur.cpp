@@ -2,7 +2,7 @@
 // demande, obéit ensuite aux agents de session, et finit quand plus rien du Mac ne tourne.
 //
 // Pendant une démonstration, une personne simulée rouvre l'assistant depuis le dossier Applications
-// tant que la dernière page n'est pas atteinte.
+// tant que la dernière page n'est pas atteinte, et tout finit au bout d'un temps donné.
 
 #include "mac_simule/racine/agents.hpp"
 #include "mac_simule/racine/chemins.hpp"
@@ -11,9 +11,11 @@
 #include "mac_simule/racine/redemarrage.hpp"
 #include "mac_simule/racine/session.hpp"
 
+#include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <sys/wait.h>
 
 namespace fs = std::filesystem;
@@ -24,12 +26,13 @@ namespace {
 constexpr int kReouverturesMax = 4;
 // Sans assistant pendant ce temps, une démonstration conclut.
 constexpr std::chrono::seconds kGrace{2};
+constexpr std::chrono::seconds kDureeMax{600}; // d'une démonstration, redémarrages compris
 
 class Lanceur {
 public:
-    Lanceur(const fs::path& racine, std::vector<std::string> arguments)
+    Lanceur(const fs::path& racine, std::vector<std::string> arguments, std::chrono::seconds duree)
         : racine_(racine), arguments_(std::move(arguments)), session_(racine),
-          demonstration_(std::getenv("LUMIVIA_DEMONSTRATION") != nullptr) {}
+          demonstration_(std::getenv("LUMIVIA_DEMONSTRATION") != nullptr), duree_(duree) {}
 
     int derouler();
 
@@ -37,12 +40,15 @@ private:
     bool ouvrir();
     bool redemarrer();
     bool reposee();
+    bool tropLongue() const;
     int conclure();
 
     fs::path racine_;
     std::vector<std::string> arguments_;
     Session session_;
     bool demonstration_;
+    std::chrono::seconds duree_;
+    std::chrono::steady_clock::time_point debut_ = std::chrono::steady_clock::now();
     int reouvertures_ = 0;
     std::chrono::steady_clock::time_point dernierAssistant_; // la dernière fois qu'on en a vu un
 };
@@ -95,6 +101,11 @@ bool Lanceur::reposee() {
     return demonstration_ && maintenant - dernierAssistant_ > kGrace;
 }
 
+// Un assistant qui ne répond plus ne peut pas le dire lui-même.
+bool Lanceur::tropLongue() const {
+    return demonstration_ && std::chrono::steady_clock::now() - debut_ > duree_;
+}
+
 int Lanceur::conclure() {
     session_.terminer();
     const int etat = session_.etatAssistant();
@@ -117,6 +128,11 @@ int Lanceur::derouler() {
             session_.terminer();
             return 128 + signal;
         }
+        if (tropLongue()) {
+            session_.terminer();
+            return echouer("La démonstration s'arrête : " + std::to_string(duree_.count()) +
+                           " secondes n'ont pas suffi.");
+        }
         if (faitPresent(racine_, "redemarrage_demande")) {
             if (!redemarrer()) {
                 return echouer("Le Mac simulé n'a pas pu redémarrer : son état ne s'écrit pas.");
@@ -129,6 +145,20 @@ int Lanceur::derouler() {
             }
         }
     }
+}
+
+// La durée permise à une démonstration ; rien quand le fait ne dit pas un nombre de secondes.
+std::optional<std::chrono::seconds> dureePermise(const fs::path& racine) {
+    const std::string texte = lireFait(racine, "duree_demonstration");
+    if (texte.empty()) {
+        return kDureeMax;
+    }
+    int secondes = 0;
+    const auto lu = std::from_chars(texte.data(), texte.data() + texte.size(), secondes);
+    if (lu.ec != std::errc() || lu.ptr != texte.data() + texte.size() || secondes <= 0) {
+        return {};
+    }
+    return std::chrono::seconds(secondes);
 }
 
 int refuser(const std::string& phrase) {
@@ -151,9 +181,13 @@ int main(int nombre, char** arguments) {
     if (const std::string defaut = defautDuMac(racine); !defaut.empty()) {
         return refuser(defaut);
     }
+    const auto duree = dureePermise(racine);
+    if (!duree) {
+        return refuser("Le fait « duree_demonstration » attend un nombre de secondes.");
+    }
     std::vector<std::string> suite;
     if (avecSuite) {
         suite.assign(arguments + 3, arguments + nombre);
     }
-    return Lanceur(racine, std::move(suite)).derouler();
+    return Lanceur(racine, std::move(suite), *duree).derouler();
 }

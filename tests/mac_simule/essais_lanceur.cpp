@@ -42,6 +42,18 @@ TEST(Lanceur, UneDemonstrationQuiNAvancePasFinitEnEchec) {
     EXPECT_EQ(mac.fait("passages").size(), 5 * std::string("passage \n").size());
 }
 
+TEST(Lanceur, UneDemonstrationSansFinSArreteALHeure) {
+    const MacEssai mac("pret");
+    installer(mac, "cd \"$M\"; exec sleep 300\n");
+    mac.poserEtat("duree_demonstration", "1\n");
+    const Systeme::Resultat fini = derouler(mac, "", "LUMIVIA_DEMONSTRATION=x");
+    EXPECT_EQ(fini.code, 1);
+    EXPECT_TRUE(contient(fini.sortie, "1 secondes n'ont pas suffi"));
+    EXPECT_FALSE(mac.habite());
+    mac.poserEtat("duree_demonstration", "1 h\n");
+    EXPECT_EQ(derouler(mac).code, 2);
+}
+
 TEST(Lanceur, AttendLaFenetreDuTerminalMaisPasUnProgrammeDeLaMachine) {
     const MacEssai mac("pret");
     mac.poserOutil("/Users/finir.command",
