@@ -88,6 +88,7 @@ void ecrireFaits(const fs::path& etat, const Scenario& s) {
         {"puce", s.puce},
         {"modele", s.modele},
         {"utilisateur", s.utilisateur},
+        {"compte", s.compte},
         {"demarrage", texteDemarrage(std::chrono::system_clock::now())},
         {"mot_de_passe", s.motDePasse},
         {"kmutil", s.kmutil},

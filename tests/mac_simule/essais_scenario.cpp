@@ -22,7 +22,7 @@ TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
     EXPECT_EQ(erreurDe("puce apple\npuce apple"), "ligne 2 : la clé « puce » est déjà donnée");
     std::istringstream fautes(
         "version;version 14;version 14.;version 14.5.;version a.b;version 14.5.0.1;"
-        "version 99999.1;version 14. 5;puce arm;modele;utilisateur ../x;"
+        "version 99999.1;version 14. 5;puce arm;compte invite;modele;utilisateur ../x;"
         "utilisateur d'été;utilisateur .x;emetteur_nombre x;"
         "peripherique 0x403 0x6001;kext .kext;kext a/b.kext;kext D2xx;charge a 1;"
         "charge a 1 x;extension_ftdi oui;kmutil;puce_dmx x;vitesse_horloge 0;"
