@@ -27,13 +27,16 @@ Banc::Banc(const QString& dossier)
     setFixedWidth(440);
     setFocusPolicy(Qt::ClickFocus); // aucun interrupteur n'a le clavier avant qu'on l'y mène
     setFocus();
-    auto* colonne = new QVBoxLayout(this);
+    // La fenêtre principale a pour les lecteurs d'écran le rôle et le nom d'une fenêtre.
+    auto* contenu = new QWidget;
+    auto* colonne = new QVBoxLayout(contenu);
     colonne->setContentsMargins(16, 16, 16, 16);
     colonne->setSpacing(12);
     for (Panneau* panneau : panneaux_) {
         colonne->addWidget(panneau);
     }
     colonne->addStretch();
+    setCentralWidget(contenu);
     const auto battre = [this](std::chrono::milliseconds pas, void (Banc::*geste)()) {
         auto* minuteur = new QTimer(this);
         connect(minuteur, &QTimer::timeout, this, geste);
@@ -58,7 +61,7 @@ void Banc::relireTout() {
         panneau->relire();
     }
     // Les phrases passent à la ligne : la hauteur suit ce qu'elles disent.
-    setFixedHeight(layout()->totalHeightForWidth(width()));
+    setFixedHeight(centralWidget()->layout()->totalHeightForWidth(width()));
 }
 
 void Banc::repondreAuPortrait() {

@@ -7,13 +7,13 @@
 
 #include "mac_simule/banc/racine.hpp"
 
-#include <QtWidgets/QWidget>
+#include <QtWidgets/QMainWindow>
 
 namespace banc {
 
 class Panneau;
 
-class Banc : public QWidget {
+class Banc : public QMainWindow {
 public:
     explicit Banc(const QString& dossier);
 

@@ -11,13 +11,14 @@
 
 namespace {
 
-// SIGTERM ferme le banc comme une personne le ferait : il arrive dans la boucle, par un
+// Un signal d'arrêt ferme le banc comme une personne le ferait : il arrive dans la boucle, par un
 // descripteur.
 void ecouterLaFin(QApplication& application) {
     sigset_t signaux;
     sigemptyset(&signaux);
-    sigaddset(&signaux, SIGTERM);
-    sigaddset(&signaux, SIGINT);
+    for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+        sigaddset(&signaux, signal);
+    }
     sigprocmask(SIG_BLOCK, &signaux, nullptr);
     auto* ecoute = new QSocketNotifier(signalfd(-1, &signaux, SFD_CLOEXEC), QSocketNotifier::Read,
                                        &application);

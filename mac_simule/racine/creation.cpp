@@ -1,6 +1,7 @@
 #include "mac_simule/racine/creation.hpp"
 
 #include "mac_simule/racine/etat.hpp"
+#include "mac_simule/racine/integrite.hpp"
 
 #include <cerrno>
 #include <cstdlib>
@@ -53,7 +54,6 @@ void installerKext(const fs::path& racine, const std::string& nom, const Scenari
 }
 
 void brancher(const fs::path& usb, const Scenario& scenario) {
-    fs::create_directories(usb);
     int numero = 0;
     for (const auto& peripherique : scenario.peripheriques) {
         std::string texte = "fabricant " + peripherique.fabricant + "\n";
@@ -82,14 +82,13 @@ std::string ligneExtensionFtdi(const std::string& etat) {
 }
 
 void ecrireFaits(const fs::path& etat, const Scenario& s) {
-    fs::create_directories(etat / "debranches");
-    fs::create_directories(etat / "fenetres");
     brancher(etat / "usb", s);
     const std::pair<const char*, std::string> valeurs[] = {
         {"version", s.version},
         {"puce", s.puce},
         {"modele", s.modele},
         {"utilisateur", s.utilisateur},
+        {"compte", s.compte},
         {"demarrage", texteDemarrage(std::chrono::system_clock::now())},
         {"mot_de_passe", s.motDePasse},
         {"kmutil", s.kmutil},
@@ -127,13 +126,13 @@ void ecrireFaits(const fs::path& etat, const Scenario& s) {
 
 void creerDossiers(const fs::path& racine, const Scenario& s) {
     const fs::path bibliotheque = racine / "Users" / s.utilisateur / "Library";
-    for (const fs::path& dossier :
-         {racine / "Applications", racine / "Library/Application Support",
-          racine / "Library/Extensions", racine / kTerminal / "MacOS", racine / "private/tmp",
-          racine / "private/var/log", bibliotheque / "Application Support", bibliotheque / "Logs",
-          bibliotheque / "Preferences"}) {
-        fs::create_directories(dossier);
+    for (const char* dossier : kDossiersDuMac) {
+        fs::create_directories(racine / dossier);
     }
+    for (const char* dossier : {"Application Support", "Logs", "Preferences"}) {
+        fs::create_directories(bibliotheque / dossier);
+    }
+    fs::create_directories(racine / kTerminal / "MacOS");
     ecrire(racine / kTerminal / "Info.plist",
            listeProprietes({{"CFBundleExecutable", "Terminal"},
                             {"CFBundleIdentifier", "com.apple.Terminal"},

@@ -2,6 +2,7 @@
 
 #include "mac_simule/racine/creation.hpp"
 #include "mac_simule/racine/etat.hpp"
+#include "mac_simule/racine/integrite.hpp"
 
 #include <algorithm>
 #include <iostream>
@@ -127,9 +128,8 @@ int main(int nombre, char** arguments) {
         return lister(demande->scenarios);
     }
     if (demande->verifier) {
-        return estUnMac(demande->racine)
-                   ? 0
-                   : echouer("« " + demande->racine.string() + " » n'est pas un Mac simulé.");
+        const std::string defaut = defautDuMac(demande->racine);
+        return defaut.empty() ? 0 : echouer(defaut);
     }
     return creer(*demande);
 }

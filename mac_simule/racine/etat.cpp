@@ -62,10 +62,4 @@ std::string texteDemarrage(std::chrono::system_clock::time_point instant) {
            date.data();
 }
 
-bool estUnMac(const fs::path& racine) {
-    std::error_code ignoree;
-    return fs::is_regular_file(racine / "etat" / "version", ignoree) &&
-           fs::is_regular_file(racine / "usr" / "bin" / "sudo", ignoree);
-}
-
 } // namespace mac_simule

@@ -25,7 +25,4 @@ bool faitPresent(const std::filesystem::path& racine, const std::string& nom);
 // Ce que `kern.boottime` répond d'un Mac démarré à cet instant, en heure locale.
 std::string texteDemarrage(std::chrono::system_clock::time_point instant);
 
-// Un dossier qui a les faits et les outils d'un Mac simulé.
-bool estUnMac(const std::filesystem::path& racine);
-
 } // namespace mac_simule

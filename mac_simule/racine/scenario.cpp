@@ -84,6 +84,11 @@ bool utilisateur(Scenario& s, Texte valeur) {
     return nomUtilisateurValide(valeur);
 }
 
+bool compte(Scenario& s, Texte valeur) {
+    s.compte = valeur;
+    return valeur == "administrateur" || valeur == "standard";
+}
+
 bool emetteur(Scenario& s, Texte valeur) {
     s.peripheriques.push_back({"0x0403", "0x6001", std::string(valeur), {}});
     return true;
@@ -160,6 +165,7 @@ constexpr std::array kCles{
     Cle{"puce", puce, "apple ou intel"},
     Cle{"modele", mot<&Scenario::modele>, "un modèle comme Mac14,2"},
     Cle{"utilisateur", utilisateur, "un nom sans barre oblique ni apostrophe"},
+    Cle{"compte", compte, "administrateur ou standard"},
     Cle{"emetteur", emetteur, "un numéro de série, ou rien", true},
     Cle{"emetteur_nombre", emetteurNombre, "un nombre", true},
     Cle{"peripherique", peripherique, "un fabricant et un produit comme 0x0403 0x6015", true},

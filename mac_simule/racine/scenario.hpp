@@ -38,6 +38,7 @@ struct Scenario {
     std::string puce = "apple";
     std::string modele = "Mac14,2";
     std::string utilisateur = "regie";
+    std::string compte = "administrateur";
     std::vector<Peripherique> peripheriques;
     std::vector<std::string> kexts;
     std::vector<KextChargee> chargees;

@@ -3,12 +3,12 @@
 #include "mac_simule/racine/etat.hpp"
 
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <map>
+#include <spawn.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,17 +25,29 @@ constexpr int kPatience = 10; // secondes laissées à un assistant qui se ferme
 sigset_t signauxAttendus() {
     sigset_t signaux;
     sigemptyset(&signaux);
-    for (const int signal : {SIGCHLD, SIGINT, SIGTERM}) {
+    for (const int signal : {SIGCHLD, SIGHUP, SIGINT, SIGTERM}) {
         sigaddset(&signaux, signal);
     }
     return signaux;
 }
 
-// Le parent d'après /proc/PID/stat, dont le nom entre parenthèses peut tout contenir ; 0 : parti.
-pid_t parentDe(pid_t pid) {
-    const std::string stat = lireFichier("/proc/" + std::to_string(pid) + "/stat");
+std::string lireProc(pid_t pid, const char* nom) {
+    return lireFichier("/proc/" + std::to_string(pid) + "/" + nom);
+}
+
+struct Processus {
+    char etat = 'X'; // parti
+    pid_t parent = 0;
+};
+
+// D'après /proc/PID/stat, dont le nom entre parenthèses peut tout contenir.
+Processus lireProcessus(pid_t pid) {
+    const std::string stat = lireProc(pid, "stat");
     const auto fin = stat.rfind(") ");
-    return fin == std::string::npos ? 0 : std::atoi(stat.c_str() + fin + 4);
+    if (fin == std::string::npos) {
+        return {};
+    }
+    return {stat[fin + 2], std::atoi(stat.c_str() + fin + 4)};
 }
 
 std::vector<pid_t> descendants() {
@@ -44,7 +56,7 @@ std::vector<pid_t> descendants() {
         const std::string nom = dossier.filename();
         pid_t pid = 0;
         if (std::from_chars(nom.data(), nom.data() + nom.size(), pid).ec == std::errc()) {
-            parents[pid] = parentDe(pid);
+            parents[pid] = lireProcessus(pid).parent;
         }
     }
     const auto descend = [&](pid_t pid) {
@@ -76,27 +88,27 @@ Session::Session(fs::path racine)
 }
 
 bool Session::lancer(const fs::path& programme, const std::vector<std::string>& arguments) {
-    if (access(programme.c_str(), X_OK) != 0) {
-        return false;
+    std::string nom = programme;
+    std::vector<std::string> copies = arguments; // posix_spawn les veut modifiables
+    std::vector<char*> vecteur{nom.data()};
+    for (auto& copie : copies) {
+        vecteur.push_back(copie.data());
     }
-    const pid_t pid = fork();
-    if (pid == 0) {
-        const sigset_t signaux = signauxAttendus();
-        sigprocmask(SIG_UNBLOCK, &signaux, nullptr);
-        std::string nom = programme;
-        std::vector<std::string> copies = arguments; // execv les veut modifiables
-        std::vector<char*> vecteur{nom.data()};
-        for (auto& copie : copies) {
-            vecteur.push_back(copie.data());
-        }
-        vecteur.push_back(nullptr);
-        execv(nom.c_str(), vecteur.data());
-        _exit(127);
-    }
-    if (pid > 0 && programme == assistant_) {
+    vecteur.push_back(nullptr);
+    posix_spawnattr_t attributs; // avec la glibc, seul le lancement peut échouer
+    posix_spawnattr_init(&attributs);
+    sigset_t aucun;
+    sigemptyset(&aucun);
+    posix_spawnattr_setsigmask(&attributs, &aucun);
+    posix_spawnattr_setflags(&attributs, POSIX_SPAWN_SETSIGMASK);
+    pid_t pid = 0;
+    const bool lance =
+        posix_spawn(&pid, nom.c_str(), nullptr, &attributs, vecteur.data(), environ) == 0;
+    posix_spawnattr_destroy(&attributs);
+    if (lance && programme == assistant_) {
         assistants_.insert(pid);
     }
-    return pid > 0;
+    return lance;
 }
 
 bool Session::lancerAssistant(const std::vector<std::string>& arguments) {
@@ -108,11 +120,22 @@ bool Session::estAssistant(pid_t pid) const {
     if (assistants_.contains(pid)) {
         return true;
     }
-    const std::string dossier = "/proc/" + std::to_string(pid);
-    if (lireFichier(dossier + "/cmdline").find(assistant_ + '\0') != std::string::npos) {
+    if (lireProc(pid, "cmdline").find(assistant_ + '\0') != std::string::npos) {
         return true;
     }
-    return lireFichier(dossier + "/comm") == std::string(kExecutable).substr(0, 15) + "\n";
+    return lireProc(pid, "comm") == std::string(kExecutable).substr(0, 15) + "\n";
+}
+
+// Vrai quand sa ligne de commande nomme la racine. Celle d'un programme que le noyau charge est
+// vide ; celle d'un processus fini aussi, et tant que le nôtre n'est pas recueilli, ce qu'il a pu
+// lancer en finissant n'a pas été cherché.
+bool Session::estDuMac(pid_t pid) const {
+    const std::string commande = lireProc(pid, "cmdline");
+    if (!commande.empty()) {
+        return commande.find(racine_.string() + "/") != std::string::npos;
+    }
+    const Processus processus = lireProcessus(pid);
+    return processus.etat != 'Z' || processus.parent == getpid();
 }
 
 void Session::recueillir() {
@@ -134,22 +157,24 @@ int Session::attendre() {
     const timespec dixieme{0, 100'000'000};
     const int signal = sigtimedwait(&signaux, nullptr, &dixieme);
     recueillir();
-    return signal == SIGINT || signal == SIGTERM ? signal : 0;
+    return signal > 0 && signal != SIGCHLD ? signal : 0;
 }
 
-bool Session::vide() const {
-    return waitid(P_ALL, 0, nullptr, WEXITED | WNOHANG | WNOWAIT) != 0 && errno == ECHILD;
-}
-
-bool Session::assistantPresent() {
+Session::Reste Session::reste() {
+    bool duMac = false;
     std::set<pid_t> presents; // un outil que l'assistant vient de lancer n'y reste pas
     for (const pid_t pid : descendants()) {
         if (estAssistant(pid)) {
             presents.insert(pid);
+        } else {
+            duMac = duMac || estDuMac(pid);
         }
     }
     assistants_ = std::move(presents);
-    return !assistants_.empty();
+    if (!assistants_.empty()) {
+        return Reste::assistant;
+    }
+    return duMac ? Reste::autre : Reste::rien;
 }
 
 bool Session::terminerCeux(bool assistants, int secondes) {

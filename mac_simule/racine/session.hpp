@@ -13,7 +13,8 @@ namespace mac_simule {
 
 class Session {
 public:
-    // `racine` est absolue. SIGCHLD, SIGINT et SIGTERM sont désormais attendus par `attendre`.
+    // `racine` est absolue, sans lien. SIGCHLD et les signaux d'arrêt (SIGHUP, SIGINT, SIGTERM)
+    // sont désormais attendus par `attendre`.
     explicit Session(std::filesystem::path racine);
 
     // Démarre un programme (chemin de la machine). Faux quand il ne peut pas l'être.
@@ -28,8 +29,11 @@ public:
     // Met fin à tout : l'assistant d'abord, puis le reste ; ce qui s'entête est tué.
     void terminer();
 
-    bool vide() const;
-    bool assistantPresent();
+    // Ce qui tourne encore du Mac simulé : son assistant, ou une fenêtre du Terminal, un outil. Ce
+    // qu'une bibliothèque a pu lancer de la machine (un bus de session) n'en est pas : personne ne
+    // l'attend, `terminer` y met fin.
+    enum class Reste { rien, autre, assistant };
+    Reste reste();
 
     // État (celui de waitpid) du dernier assistant fini.
     int etatAssistant() const { return etatAssistant_; }
@@ -37,6 +41,7 @@ public:
 private:
     void recueillir();
     bool estAssistant(pid_t pid) const;
+    bool estDuMac(pid_t pid) const;
     bool terminerCeux(bool assistants, int secondes);
 
     std::filesystem::path racine_;

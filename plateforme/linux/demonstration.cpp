@@ -21,6 +21,9 @@ namespace {
 
 constexpr int kIntervalle = 10;       // ms, entre deux regards sur la fenêtre
 constexpr qint64 kPatience = 120'000; // ms sans que la page change
+// Au-delà, les pages tournent en rond. Les images se numérotent sur deux chiffres, et une page en
+// prend plusieurs.
+constexpr int kImagesMax = 90;
 constexpr std::size_t kLimiteFichier = 64UL * 1024 * 1024;
 
 // Le nom de fichier d'une page : son titre sans accents ni ponctuation.
@@ -34,6 +37,11 @@ QString nomDeFichier(const QString& titre) {
         }
     }
     return nom.endsWith(u'-') ? nom.chopped(1) : nom;
+}
+
+// Les images déjà prises, redémarrages compris.
+int nombreDImages() {
+    return std::atoi(mac_simule::etat("demonstration/numero").value_or("0").c_str());
 }
 
 FenetreQt* fenetreAssistant() {
@@ -119,6 +127,12 @@ void Demonstration::entrerDansLaPage(const QString& titre) {
     attente_.invalidate();
     sansChangement_.restart();
     const std::string derniere = mac_simule::etat("fin").value_or("");
+    if (nombreDImages() >= kImagesMax) {
+        abandonner(QStringLiteral("%1 images n'ont pas mené à la page « %2 »")
+                       .arg(kImagesMax)
+                       .arg(texteQt(derniere)));
+        return;
+    }
     const std::vector<Geste> gestes =
         gestesDeLaPage(titre.toStdString(), titre.toStdString() == derniere, gesteVoulu(titre));
     gestes_.assign(gestes.begin(), gestes.end());
@@ -240,8 +254,7 @@ bool Demonstration::choisir(const QString& article) {
 }
 
 QString Demonstration::cheminImage(const QString& nom) {
-    const int numero =
-        std::atoi(mac_simule::etat("demonstration/numero").value_or("0").c_str()) + 1;
+    const int numero = nombreDImages() + 1;
     mac_simule::ecrireEtat("demonstration/numero", std::to_string(numero));
     return QStringLiteral("%1/%2-%3.png").arg(dossier_).arg(numero, 2, 10, QChar(u'0')).arg(nom);
 }

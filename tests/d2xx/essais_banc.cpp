@@ -5,6 +5,7 @@
 #include "mac_simule/banc/panneau_emetteur.hpp"
 #include "mac_simule/banc/phrases.hpp"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QApplication>
 
@@ -69,7 +70,10 @@ TEST(Banc, LesInterrupteursChangentLesFaits) {
     const std::string autre = "*\t*\tY\tcom.objective-see.lulu\tLuLu\t[activated enabled]\n";
     mac.poserEtat("extensions_systeme",
                   "*\t*\tX\tcom.ftdi.vcp.dext\tN\t[activated enabled]\n" + autre);
-    const Banc fenetre(QString::fromStdString(mac.reel("")));
+    Banc fenetre(QString::fromStdString(mac.reel("")));
+    QAccessibleInterface* dite = QAccessible::queryAccessibleInterface(&fenetre);
+    EXPECT_EQ(dite->role(), QAccessible::Window);
+    EXPECT_EQ(dite->text(QAccessible::Name), "Mac simulé");
     for (const bool rendu : {false, true}) {
         cliquer(fenetre, "Émetteur A1B2C3");
         EXPECT_EQ(mac.existe("/etat/usb/emetteur-neuf"), rendu);

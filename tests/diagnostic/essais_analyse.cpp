@@ -17,7 +17,7 @@ struct Fiche {
 };
 
 const Fiche kFiches[] = {
-    {"complet", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier présent, chargé oui",
+    {"complet", "Mac14,2, puce Apple, macOS 15.3.1", "A1B2C3", "fichier présent, chargé oui",
      "/Library/Extensions/FTDIUSBSerialDriver.kext, /Library/Extensions/FTDIKext.kext", "activé"},
     {"pret", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier absent, chargé non", "aucun",
      "absent"},

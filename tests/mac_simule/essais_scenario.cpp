@@ -22,7 +22,7 @@ TEST(Scenario, CeQuiNeSeLitPasEstDitAvecSaLigne) {
     EXPECT_EQ(erreurDe("puce apple\npuce apple"), "ligne 2 : la clé « puce » est déjà donnée");
     std::istringstream fautes(
         "version;version 14;version 14.;version 14.5.;version a.b;version 14.5.0.1;"
-        "version 99999.1;version 14. 5;puce arm;modele;utilisateur ../x;"
+        "version 99999.1;version 14. 5;puce arm;compte invite;modele;utilisateur ../x;"
         "utilisateur d'été;utilisateur .x;emetteur_nombre x;"
         "peripherique 0x403 0x6001;kext .kext;kext a/b.kext;kext D2xx;charge a 1;"
         "charge a 1 x;extension_ftdi oui;kmutil;puce_dmx x;vitesse_horloge 0;"
@@ -56,4 +56,28 @@ TEST(CreerMac, UneDemandeImpossibleSeDitEnUnePhraseEtNeCreeRien) {
                                            cite(hote.reel("/outils")) + " " + cite(d / "m"));
     EXPECT_EQ(refus.code, 2) << refus.sortie;
     EXPECT_EQ(lancer("ls -A " + cite(d)).sortie, "faux.scenario\n");
+}
+
+TEST(CreerMac, UnMacAbimeSeDitEnNommantCeQuiLuiManque) {
+    const MacEssai mac("pret");
+    const std::string verifier = cite(CREER_MAC) + " --verifier " + cite(mac.racine());
+    std::vector<fs::path> pieces{"etat/usb",          "etat/debranches", "etat/fenetres",
+                                 "private/tmp",       "private/var/log", "Applications",
+                                 "Library/Extensions"};
+    for (const char* outils : {"usr", "System"}) {
+        for (const auto& entree : fs::recursive_directory_iterator(mac.racine() / outils)) {
+            if (entree.is_regular_file() && entree.path().extension() != ".plist") {
+                pieces.push_back(fs::relative(entree, mac.racine()));
+            }
+        }
+    }
+    for (const fs::path& piece : pieces) {
+        fs::rename(mac.racine() / piece, mac.racine() / "ailleurs");
+        const Systeme::Resultat refus = lancer(verifier);
+        EXPECT_EQ(refus.code, 2) << piece;
+        EXPECT_TRUE(contient(refus.sortie, "il manque « " + piece.string())) << refus.sortie;
+        fs::rename(mac.racine() / "ailleurs", mac.racine() / piece);
+    }
+    fs::permissions(mac.reel("/usr/sbin/sysctl"), fs::perms::none); // une panne, pas un manque
+    EXPECT_EQ(lancer(verifier).code, 0);
 }

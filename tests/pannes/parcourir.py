@@ -55,7 +55,7 @@ CAUSES = {"le script de retrait": "Impossible d'écrire le script : « /",
           "l'agent de relance": "Relance automatique impossible : « /",
           "la bibliothèque D2XX": "D2XX introuvable : /Applications"}
 DIAGNOSTIC = re.compile(
-    r"Diagnostic :\nMac : (.*), (puce Apple|Intel), macOS 14\.5\.0\n"
+    r"Diagnostic :\nMac : (.*), (puce Apple|Intel), macOS (14\.5\.0|15\.3\.1)\n"
     r"Émetteur\(s\) FTDI 0403:6001 : (A1B2C3|aucun)\n"
     r"D2xxHelper : fichier (présent|absent), chargé (oui|non)\n"
     r"Anciens pilotes FTDI : (aucun|/Library/Extensions/.*)\n"
