@@ -2,10 +2,12 @@
 
 #include "plateforme/linux/alerte_ouverte.hpp"
 #include "plateforme/linux/application_qt.hpp"
+#include "plateforme/linux/fenetre_qt.hpp"
 #include "plateforme/linux/vue_native.hpp"
 #include "plateforme/presse_papiers.hpp"
 
 #include <QtGui/QClipboard>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QDialog>
 
 namespace plateforme {
@@ -16,6 +18,19 @@ constexpr double kTailleMessage = 15;
 constexpr double kTailleInformation = 13;
 
 int alertesOuvertes = 0;
+
+// Une touche tenue depuis la page ne la ferme pas aussitôt ouverte.
+class DialogueAlerte : public QDialog {
+public:
+    using QDialog::QDialog;
+
+protected:
+    void keyPressEvent(QKeyEvent* evenement) override {
+        if (!evenement->isAutoRepeat()) {
+            QDialog::keyPressEvent(evenement);
+        }
+    }
+};
 
 Etiquette paragraphe(const std::string& texte, double taille, bool gras) {
     Etiquette etiquette = Etiquette::multiligne(texte);
@@ -32,7 +47,8 @@ bool alerteOuverte() {
 
 void alerte(const std::string& message, const std::string& information) {
     applicationQt();
-    QDialog dialogue(QApplication::activeWindow());
+    DialogueAlerte dialogue(QApplication::activeWindow());
+    donnerLesRaccourcis(dialogue);
     dialogue.setWindowTitle(QApplication::applicationName());
     auto* colonne = new QVBoxLayout(&dialogue);
     colonne->setContentsMargins(24, 20, 24, 20);

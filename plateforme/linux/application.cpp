@@ -57,6 +57,14 @@ void declencher(ActionMenu action) {
     }
 }
 
+QAction* creerAction(const ArticleMenu& article, QObject* parent) {
+    auto* action = new QAction(texteQt(article.titre), parent);
+    action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(std::toupper(article.touche))));
+    QObject::connect(action, &QAction::triggered,
+                     [voulue = article.action] { declencher(voulue); });
+    return action;
+}
+
 } // namespace
 
 void copierSelection() {
@@ -117,13 +125,18 @@ QMenuBar* creerBarreDeMenus(QWidget* parent) {
         QMenu* deroulant = barre->addMenu(menu.titre.empty() ? QApplication::applicationName()
                                                              : texteQt(menu.titre));
         for (const ArticleMenu& article : menu.articles) {
-            QAction* ligne = deroulant->addAction(texteQt(article.titre));
-            ligne->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(std::toupper(article.touche))));
-            QObject::connect(ligne, &QAction::triggered,
-                             [action = article.action] { declencher(action); });
+            deroulant->addAction(creerAction(article, deroulant));
         }
     }
     return barre;
+}
+
+void donnerLesRaccourcis(QWidget& fenetre) {
+    for (const Menu& menu : reglages().menus) {
+        for (const ArticleMenu& article : menu.articles) {
+            fenetre.addAction(creerAction(article, &fenetre));
+        }
+    }
 }
 
 void activerApplication() {

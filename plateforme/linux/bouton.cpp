@@ -2,8 +2,10 @@
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/style.hpp"
 #include "plateforme/linux/vue_native.hpp"
+#include "plateforme/posix/suite_de_clics.hpp"
 
-#include <QtGui/QFocusEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QStyleHints>
 
 namespace plateforme {
 namespace {
@@ -18,12 +20,28 @@ struct Gabarit {
 constexpr Gabarit kOrdinaire{13, 30, 16, 84};
 constexpr Gabarit kPetit{11, 23, 10, 0};
 
+// Le rang d'un appui parmi ceux qui se suivent de près au même endroit, à partir de 1 : Qt s'arrête
+// à deux.
+long rangDeLAppui(const QMouseEvent& appui) {
+    static ulong instant = 0;
+    static QPointF place;
+    static long rang = 0;
+    const QStyleHints& reglages = *QGuiApplication::styleHints();
+    const bool suit =
+        appui.timestamp() - instant < static_cast<ulong>(reglages.mouseDoubleClickInterval()) &&
+        (appui.globalPosition() - place).manhattanLength() <= reglages.mouseDoubleClickDistance();
+    instant = static_cast<ulong>(appui.timestamp());
+    place = appui.globalPosition();
+    rang = suit ? rang + 1 : 1;
+    return rang;
+}
+
 // Bouton arrondi ; celui que la touche Retour déclenche est rempli de la couleur d'accent.
 class BoutonQt : public QPushButton {
 public:
     explicit BoutonQt(const QString& titre) : QPushButton(titre) {
         setAutoDefault(false);
-        setFocusPolicy(Qt::StrongFocus);
+        setFocusPolicy(Qt::TabFocus);
         setGabarit(kOrdinaire);
     }
 
@@ -40,25 +58,33 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    // L'anneau ne se montre qu'à qui se déplace au clavier.
-    void focusInEvent(QFocusEvent* evenement) override {
-        clavier_ = evenement->reason() == Qt::TabFocusReason ||
-                   evenement->reason() == Qt::BacktabFocusReason;
-        QPushButton::focusInEvent(evenement);
+    void mousePressEvent(QMouseEvent* evenement) override {
+        if (clics_.accepte(rangDeLAppui(*evenement))) {
+            QPushButton::mousePressEvent(evenement);
+        }
+    }
+
+    // Retour va à la fenêtre, même quand ce bouton a le clavier et que c'est lui qui y répond.
+    void keyPressEvent(QKeyEvent* evenement) override {
+        if (evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter) {
+            evenement->ignore();
+        } else {
+            QPushButton::keyPressEvent(evenement);
+        }
     }
 
     void paintEvent(QPaintEvent*) override {
         QPainter peintre(this);
         peintre.setRenderHint(QPainter::Antialiasing);
         const CouleursBouton couleurs = couleursBouton(isDefault(), isDown());
-        peindreBouton(peintre, rect(), couleurs, hasFocus() && clavier_);
+        peindreBouton(peintre, rect(), couleurs, hasFocus());
         peintre.setPen(couleurs.texte);
         peintre.drawText(rect(), Qt::AlignCenter, text());
     }
 
 private:
     Gabarit gabarit_ = kOrdinaire;
-    bool clavier_ = false;
+    SuiteDeClics clics_;
 };
 
 } // namespace

@@ -3,8 +3,8 @@
 #include "plateforme/linux/application_qt.hpp"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QScreen>
-#include <QtGui/QShortcut>
 #include <QtWidgets/QMenuBar>
 
 #include <algorithm>
@@ -12,21 +12,31 @@
 namespace plateforme {
 
 FenetreQt::FenetreQt(const QString& titre, QSize taille)
-    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                           Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
-                           Qt::WindowCloseButtonHint) {
+    : QMainWindow(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                               Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                               Qt::WindowCloseButtonHint),
+      contenu_(new QWidget) {
     setWindowTitle(titre);
-    auto* colonne = new QVBoxLayout(this);
-    colonne->setContentsMargins(0, 0, 0, 0);
-    colonne->setSpacing(0);
-    colonne->setSizeConstraint(QLayout::SetFixedSize);
-    colonne->setMenuBar(creerBarreDeMenus(this));
-    contenu_ = new QWidget(this);
+    setMenuBar(creerBarreDeMenus(this));
     contenu_->setFixedSize(taille);
-    colonne->addWidget(contenu_);
-    for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto* raccourci = new QShortcut(touche, this);
-        QObject::connect(raccourci, &QShortcut::activated, [this] { declencherParDefaut(); });
+    setCentralWidget(contenu_);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+// Qt donnerait le clavier au premier bouton venu : aucun ne l'a tant que Tab n'y mène pas.
+bool FenetreQt::event(QEvent* evenement) {
+    if (evenement->type() == QEvent::WindowActivate && focusWidget() == nullptr) {
+        contenu_->setFocus();
+    }
+    return QMainWindow::event(evenement);
+}
+
+void FenetreQt::keyPressEvent(QKeyEvent* evenement) {
+    const bool retour = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+    if (!retour) {
+        QMainWindow::keyPressEvent(evenement);
+    } else if (!evenement->isAutoRepeat()) { // tenue, elle courrait de page en page
+        declencherParDefaut();
     }
 }
 
@@ -43,7 +53,7 @@ void FenetreQt::closeEvent(QCloseEvent* evenement) {
     if (surFermeture) {
         surFermeture();
     }
-    QWidget::closeEvent(evenement);
+    QMainWindow::closeEvent(evenement);
 }
 
 bool FenetreQt::focusNextPrevChild(bool suivant) {

@@ -3,11 +3,13 @@
 
 #include "plateforme/linux/vue_native.hpp"
 
+#include <QtWidgets/QMainWindow>
+
 class QMenuBar;
 
 namespace plateforme {
 
-class FenetreQt : public QWidget {
+class FenetreQt : public QMainWindow {
 public:
     FenetreQt(const QString& titre, QSize taille);
 
@@ -18,12 +20,15 @@ public:
     std::function<void()> surFermeture;
 
 protected:
+    bool event(QEvent* evenement) override;
     void closeEvent(QCloseEvent* evenement) override;
+    // Retour va au bouton par défaut, où que soit le clavier, quand personne ne l'a pris avant :
+    // une liste ouverte s'en sert pour choisir.
+    void keyPressEvent(QKeyEvent* evenement) override;
     // Le clavier va de haut en bas et de gauche à droite, quel que soit l'âge des boutons.
     bool focusNextPrevChild(bool suivant) override;
 
 private:
-    // Retour va au bouton par défaut, où que soit le clavier.
     void declencherParDefaut();
 
     QWidget* contenu_ = nullptr;
@@ -32,5 +37,8 @@ private:
 
 // La barre de menus de l'application, telle que installerMenu l'a décrite.
 QMenuBar* creerBarreDeMenus(QWidget* parent);
+
+// Donne à une autre fenêtre les raccourcis de cette barre, qu'une alerte lui cacherait.
+void donnerLesRaccourcis(QWidget& fenetre);
 
 } // namespace plateforme

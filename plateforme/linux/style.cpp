@@ -47,8 +47,7 @@ void peindreCoche(QPainter& peintre, const QRect& place, const QColor& couleur) 
 }
 
 void peindreMenuLocal(QPainter& peintre, const QStyleOptionComboBox& option) {
-    const bool anneau = option.state.testFlag(QStyle::State_HasFocus) &&
-                        option.state.testFlag(QStyle::State_KeyboardFocusChange);
+    const bool anneau = option.state.testFlag(QStyle::State_HasFocus);
     const CouleursBouton couleurs =
         couleursBouton(false, option.state.testFlag(QStyle::State_Sunken));
     peindreBouton(peintre, option.rect, couleurs, anneau);

@@ -42,6 +42,7 @@ MenuLocal::MenuLocal(const std::vector<std::string>& articles, std::function<voi
           return nouvelle(new QComboBox);
       }()) {
     auto& menu = widget<QComboBox>(*this);
+    menu.setFocusPolicy(Qt::TabFocus);
     for (const std::string& article : articles) {
         menu.addItem(texteQt(article));
     }

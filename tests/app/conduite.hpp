@@ -10,7 +10,7 @@
 #include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
-#include <QtGui/QKeyEvent>
+#include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QDialog>
@@ -41,6 +41,12 @@ public:
     void demarrer() {
         delegue_.applicationDidFinishLaunching();
         traiter();
+    }
+
+    // Met dans le paquet une bibliothèque D2XX défaillante.
+    void poserBibliotheque(const std::string& variante) const {
+        mac.poser("/Applications/Assistant Lumivia.app/Contents/Frameworks/libftd2xx.dylib",
+                  contenu(VARIANTES + variante + "/libftd2xx.dylib"));
     }
 
     plateforme::FenetreQt& fenetre() const {
@@ -92,14 +98,31 @@ public:
         traiter();
     }
 
-    void touche(int code, Qt::KeyboardModifiers avec = Qt::NoModifier) const {
-        QWidget* cible = QApplication::focusWidget();
-        cible = cible == nullptr ? &fenetre() : cible;
-        for (const auto genre : {QEvent::ShortcutOverride, QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent evenement(genre, code, avec);
-            QApplication::sendEvent(cible, &evenement);
+    // Une touche, par où le système les donne ; `repetee` : tenue.
+    static void touche(int code, Qt::KeyboardModifiers avec = Qt::NoModifier,
+                       bool repetee = false) {
+        for (const bool appui : {true, false}) {
+            QTest::simulateEvent(QGuiApplication::focusWindow(), appui, code, avec, {}, repetee);
         }
         traiter();
+    }
+
+    // Des clics rapprochés au milieu de ce bouton, par où le système les donne ; la page peut
+    // changer dessous. Une seconde les sépare des précédents.
+    void cliquerVite(const std::string& titreVoulu, int fois) const {
+        static int instant = 0; // ms
+        const QWidget& cible = bouton(titreVoulu);
+        const QPoint ou = cible.mapTo(&fenetre(), cible.rect().center());
+        instant += 1000;
+        for (int i = 0; i < fois; ++i) {
+            for (const auto genre : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                const Qt::MouseButtons tenus =
+                    genre == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+                qt_handleMouseEvent(fenetre().windowHandle(), ou, fenetre().mapToGlobal(ou), tenus,
+                                    Qt::LeftButton, genre, Qt::NoModifier, instant += 50);
+                traiter();
+            }
+        }
     }
 
     bool attendrePage(const std::string& titreVoulu) const {

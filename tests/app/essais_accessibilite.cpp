@@ -46,6 +46,7 @@ class Echelle : public ::testing::TestWithParam<std::tuple<std::string, std::str
 TEST(Accessibilite, lesPagesSeLisentEtSeConduisent) {
     Conduite c("deux-emetteurs");
     c.allerAuResultat();
+    EXPECT_EQ(noms(c.fenetre(), QAccessible::Window), Noms{"Assistant Lumivia — Voltaris"});
     EXPECT_EQ(noms(c.fenetre(), QAccessible::StaticText), c.textes());
     EXPECT_EQ(c.textes()[4], "✅  Aucun ancien pilote à retirer.");
     EXPECT_EQ(noms(c.fenetre(), QAccessible::PushButton),
@@ -84,8 +85,9 @@ TEST(Accessibilite, uneAlerteSeLitEtEchappSuffitALaFermer) {
         QWidget* alerte = QApplication::activeModalWidget();
         textes = noms(*alerte, QAccessible::StaticText);
         EXPECT_EQ(noms(*alerte, QAccessible::PushButton), Noms{"OK"});
-        QKeyEvent echapp(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QApplication::sendEvent(alerte, &echapp);
+        Conduite::touche(Qt::Key_Return, Qt::NoModifier, true); // tenue depuis la page
+        EXPECT_TRUE(alerte->isVisible());
+        Conduite::touche(Qt::Key_Escape);
     });
     c.cliquer("Copier le rapport pour le support");
     EXPECT_EQ(textes, (Noms{"Rapport copié", "Collez-le (⌘V) dans un e-mail à Voltaris."}));

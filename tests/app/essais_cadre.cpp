@@ -38,16 +38,49 @@ TEST(Cadre, leClavierSeulConduitDesPagesQuiNeGardentQueLeursVues) {
     c.touche(Qt::Key_Return);
     ASSERT_EQ(c.titre(), "Tester avec votre projecteur");
     QApplication::setActiveWindow(&c.fenetre());
+    const QPixmap sansAnneau = c.bouton("Oui").grab();
+    c.touche(Qt::Key_Space);
+    EXPECT_EQ(qobject_cast<QPushButton*>(QApplication::focusWidget()), nullptr)
+        << "aucun bouton n'a le clavier avant Tab";
     for (const char* titre : {"Oui", "Non", "Éteindre", "Clignoter", "Allumer",
                               "Copier le rapport pour le support", "Oui"}) {
         c.touche(Qt::Key_Tab);
         EXPECT_EQ(QApplication::focusWidget(), &c.bouton(titre)) << titre;
     }
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(&c.fenetre());
+    EXPECT_NE(c.bouton("Oui").grab().toImage(), sansAnneau.toImage())
+        << "l'anneau revient avec la fenêtre";
     c.touche(Qt::Key_Return);
     EXPECT_EQ(essai::compter("Test DMX : plein"), 1) << "Retour va au bouton par défaut";
     EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
     c.touche(Qt::Key_Space);
     EXPECT_EQ(c.titre(), "Tout fonctionne 🎉");
+    bool quitte = false;
+    QObject::connect(&c.bouton("Quitter"), &QPushButton::clicked, [&] { quitte = true; });
+    for (const Qt::Key touche :
+         {Qt::Key_Tab, Qt::Key_Space, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) {
+        EXPECT_FALSE(quitte);
+        c.touche(touche);
+    }
+    EXPECT_FALSE(quitte) << "Retour choisit dans la liste ouverte";
+    EXPECT_EQ(c.fenetre().contenu()->findChild<QComboBox*>()->currentText(), "FootLight");
+    c.touche(Qt::Key_Return);
+    EXPECT_TRUE(quitte) << "la liste fermée, il va de nouveau au bouton par défaut";
+}
+
+TEST(Cadre, unGesteQuiDureNeFaitAvancerQueDUnePage) {
+    Conduite c("complet");
+    c.allerAuResultat();
+    QApplication::setActiveWindow(&c.fenetre());
+    c.cliquerVite("Continuer", 3);
+    ASSERT_EQ(c.titre(), "Retirer l'ancien pilote");
+    for (int i = 0; i < 3; ++i) {
+        c.touche(Qt::Key_Return, Qt::NoModifier, true);
+    }
+    EXPECT_EQ(c.titre(), "Retirer l'ancien pilote") << "une touche tenue";
+    c.cliquerVite("Retirer", 1);
+    EXPECT_EQ(c.titre(), "Retrait en cours…") << "un clic de cette page";
 }
 
 TEST(Cadre, aucunTexteNEstCoupeDUnePageALAutre) {

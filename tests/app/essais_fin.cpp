@@ -67,3 +67,23 @@ TEST(Fin, fermerPendantLEnvoiEteintDAbord) {
     EXPECT_GE(fin.count(" write 513 0000"), 3) << "le noir part environ 150 ms avant la fermeture";
     EXPECT_GT(fin.indexOf(" close "), fin.lastIndexOf(" write 513 "));
 }
+
+TEST(Fin, commandeQPendantUneAlerte) {
+    Conduite c;
+    vivre(c, "Bienvenue", [&] {
+        QTimer::singleShot(200, [] { Conduite::touche(Qt::Key_Q, Qt::ControlModifier); });
+        c.bouton("Copier le rapport pour le support").click();
+    });
+    EXPECT_EQ(c.titre(), "Bienvenue");
+}
+
+TEST(Fin, fermerQuandLEcritureNeRevientPas) {
+    Conduite c;
+    c.poserBibliotheque("ecriture_retenue");
+    vivre(c, "Tester avec votre projecteur", [&] {
+        c.bouton("Allumer").click();
+        c.mac.poserEtat("ecriture_retenue", "");
+        QTimer::singleShot(200, [&] { c.fenetre().close(); });
+    });
+    EXPECT_FALSE(c.fenetre().isVisible());
+}

@@ -37,3 +37,27 @@ TEST(Projecteur, seTesteDUnEssaiRateAuGuideEtChaqueSessionNeSOuvreQuUneFois) {
     emit menu->activated(11);
     EXPECT_EQ(consigne().rfind("Dans les réglages DMX de votre logiciel", 0), 0U) << consigne();
 }
+
+TEST(Projecteur, onRepondEtOnReessaieQuandLaBibliothequeNeRepondPlus) {
+    essai::Conduite c;
+    c.poserBibliotheque("ecriture_retenue");
+    c.passerLeResultat();
+    c.fermerLesAlertes();
+    c.cliquer("Allumer");
+    c.mac.poserEtat("ecriture_retenue", "");
+    c.cliquer("Non");
+    c.cliquer("Refaire le test");
+    c.cliquer("Allumer");
+    EXPECT_EQ(c.alertes.size(), 1U) << "la poignée perdue tient l'émetteur";
+    c.mac.retirer("/etat/ecriture_retenue");
+    const std::string fiche = c.mac.lire("/etat/usb/emetteur-1");
+    c.mac.retirer("/etat/usb/emetteur-1");
+    c.mac.poser("/etat/usb/emetteur-1", fiche);
+    EXPECT_TRUE(essai::attendreQue([&] {
+        c.cliquer("Allumer");
+        return essai::compter("FT_Open : statut 0") == 2;
+    })) << "rebranché, il se rallume";
+    c.mac.poserEtat("ecriture_retenue", "");
+    c.cliquer("Oui");
+    EXPECT_EQ(c.titre(), "Tout fonctionne 🎉");
+}
