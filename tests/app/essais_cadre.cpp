@@ -75,6 +75,8 @@ TEST(Cadre, unGesteQuiDureNeFaitAvancerQueDUnePage) {
     QApplication::setActiveWindow(&c.fenetre());
     c.cliquerVite("Continuer", 3);
     ASSERT_EQ(c.titre(), "Retirer l'ancien pilote");
+    EXPECT_EQ(qobject_cast<QPushButton*>(QApplication::focusWidget()), nullptr)
+        << "un clic ne donne pas le clavier";
     for (int i = 0; i < 3; ++i) {
         c.touche(Qt::Key_Return, Qt::NoModifier, true);
     }
