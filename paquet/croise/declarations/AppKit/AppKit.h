@@ -172,6 +172,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @property(weak) id<NSWindowDelegate> delegate;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property(getter=isRestorable) BOOL restorable;
+@property BOOL preventsApplicationTerminationWhenModal;
 @property BOOL autorecalculatesKeyViewLoop;
 - (instancetype)initWithContentRect:(NSRect)cadre
                           styleMask:(NSWindowStyleMask)style
@@ -203,6 +204,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @interface NSAlert : NSObject
 @property(copy) NSString* messageText;
 @property(copy) NSString* informativeText;
+@property(readonly, strong) NSWindow* window;
 - (NSModalResponse)runModal;
 @end
 
