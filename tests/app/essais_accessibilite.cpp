@@ -85,7 +85,7 @@ TEST(Accessibilite, uneAlerteSeLitEtEchappSuffitALaFermer) {
         QWidget* alerte = QApplication::activeModalWidget();
         textes = noms(*alerte, QAccessible::StaticText);
         EXPECT_EQ(noms(*alerte, QAccessible::PushButton), Noms{"OK"});
-        essai::traiter(); // l'alerte prend le clavier
+        essai::traiter();                                       // l'alerte prend le clavier
         Conduite::touche(Qt::Key_Return, Qt::NoModifier, true); // tenue depuis la page
         EXPECT_TRUE(alerte->isVisible());
         Conduite::touche(Qt::Key_Escape);
