@@ -120,4 +120,5 @@ private:
     plateforme::Etiquette consigneLogiciel_;
     // Compte les pages montrées : une vérification dont la page a été quittée se reconnaît à lui.
     unsigned long pageCourante_ = 0;
+    int verificationsEnCours_ = 0; // de l'extension, chacune sur un fil d'arrière-plan
 };

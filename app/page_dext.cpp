@@ -10,6 +10,8 @@ namespace {
 constexpr double kHauteurImages = 230;
 constexpr double kEspacementImages = 12;
 constexpr double kIntervalle = 2.0; // s, entre deux vérifications
+constexpr int kVerificationsMax =
+    30; // aucun outil ordinaire, même lent, n'en laisse autant en route
 
 } // namespace
 
@@ -49,10 +51,17 @@ void Assistant::verifierDextBouton() {
 // Les vérifications ne s'attendent pas l'une l'autre. Celle dont la page a été quittée entre-temps
 // est abandonnée : deux qui finissent ensemble n'agissent qu'une fois.
 void Assistant::verifierDext(bool silencieux) {
+    // Un outil qui ne finit jamais en garderait une de plus toutes les deux secondes, pour
+    // toujours.
+    if (verificationsEnCours_ == kVerificationsMax) {
+        return;
+    }
+    ++verificationsEnCours_;
     plateforme::executerEnArrierePlan(
         [assistant = shared_from_this(), silencieux, demandee = pageCourante_] {
             const bool actif = Diagnostic::analyser().dextFTDIActif;
             plateforme::executerSurPrincipal([assistant, actif, silencieux, demandee] {
+                --assistant->verificationsEnCours_;
                 if (assistant->pageCourante_ == demandee) {
                     assistant->dextVerifie(actif, silencieux);
                 }

@@ -27,7 +27,7 @@ Erreur creerDossiers(const std::string& chemin);
 
 // Écrit par un fichier temporaire voisin, qui remplace ensuite la cible : on voit l'ancien
 // contenu ou le nouveau, jamais une moitié. En cas d'échec la cible est intacte et aucun fichier
-// temporaire ne reste.
+// temporaire ne reste ; celui qu'un programme tué a laissé part à l'écriture suivante.
 Erreur ecrireAtomiquement(const std::string& chemin, const std::string& contenu);
 
 // Écrit sur place, en remplaçant l'ancien contenu. Une écriture interrompue ne laisse rien : mieux
@@ -40,6 +40,10 @@ Erreur changerPermissions(const std::string& chemin, unsigned permissions);
 // Retire un fichier, ou un dossier avec tout son contenu. Faux quand il n'y avait rien ou que le
 // retrait a échoué : aucun appelant n'a besoin de distinguer les deux.
 bool supprimer(const std::string& chemin);
+
+// Faux quand le dernier octet du fichier n'est pas une fin de ligne : une écriture y a été coupée.
+// Vrai quand il n'y a rien à lire.
+bool finitUneLigne(const std::string& chemin);
 
 enum class Ajout { fait, absent, echec };
 

@@ -7,7 +7,8 @@
 namespace plateforme {
 
 struct FinDeProcessus {
-    // Octets reçus, dans l'ordre du tube ; le texte de l'erreur quand le programme n'a pas démarré.
+    // Octets reçus, dans l'ordre du tube, ou ce qui en tient en mémoire et une phrase qui le dit ;
+    // le texte de l'erreur quand le programme n'a pas démarré.
     std::string octets;
     // Statut de fin ; le numéro du signal quand un signal l'a tué ; -1 quand il n'a pas démarré.
     int code = -1;

@@ -23,13 +23,20 @@ void Journal::note(const std::string& message) {
     ecrire(ligne + "\n");
 }
 
-void Journal::ecrire(const std::string& ligne) const {
+void Journal::ecrire(const std::string& ligne) {
+    const bool coupe = peutEtreCoupe_ && !plateforme::finitUneLigne(fichier_);
+    peutEtreCoupe_ = !ajouterAuFichier(coupe ? "\n" + ligne : ligne);
+}
+
+// Faux quand la ligne n'est pas, ou pas entière, dans le fichier : elle vit en mémoire, et un
+// fichier qui existe et ne s'ouvre pas garde ce que d'autres y ont écrit.
+bool Journal::ajouterAuFichier(const std::string& ligne) const {
     using plateforme::Ajout;
-    if (plateforme::ajouterALaFin(fichier_, ligne) != Ajout::absent ||
-        plateforme::creerSansEcraser(fichier_, ligne)) {
-        return;
+    const Ajout ajout = plateforme::ajouterALaFin(fichier_, ligne);
+    if (ajout != Ajout::absent) {
+        return ajout == Ajout::fait;
     }
-    // Un autre programme a pu créer le fichier entre les deux appels. Sinon la ligne ne vit qu'en
-    // mémoire : un fichier qui existe et ne s'ouvre pas garde ce que d'autres y ont écrit.
-    static_cast<void>(plateforme::ajouterALaFin(fichier_, ligne));
+    // Un autre programme a pu créer le fichier entre les deux appels.
+    return plateforme::creerSansEcraser(fichier_, ligne) ||
+           plateforme::ajouterALaFin(fichier_, ligne) == Ajout::fait;
 }

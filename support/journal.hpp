@@ -25,8 +25,10 @@ public:
 
 private:
     Journal();
-    void ecrire(const std::string& ligne) const;
+    void ecrire(const std::string& ligne);
+    bool ajouterAuFichier(const std::string& ligne) const;
 
     std::vector<std::string> lignes_;
+    bool peutEtreCoupe_ = true; // le fichier, par une fin brutale ou un disque plein
     const std::string fichier_;
 };

@@ -5,10 +5,14 @@
 #include "plateforme/posix/natif.hpp"
 
 #include <array>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <memory>
 #include <sys/stat.h>
 
 namespace plateforme {
@@ -24,11 +28,53 @@ constexpr std::size_t kBloc = 64UL * 1024;
 constexpr mode_t kModeFichier = 0644;
 constexpr mode_t kModeDossier = 0755;
 
+// Six caractères qui nomment un processus : on saura de quel programme vient un fichier temporaire,
+// et s'il vit encore.
+std::string marqueDe(pid_t processus) {
+    std::string marque(6, '0');
+    for (auto place = marque.rbegin(); processus > 0 && place != marque.rend(); ++place) {
+        *place = "0123456789abcdefghijklmnopqrstuvwxyz"[processus % 36];
+        processus /= 36;
+    }
+    return marque;
+}
+
+// Le processus que nomme une marque ; 0 quand ce n'en est pas une.
+pid_t processusDe(const std::string& marque) {
+    pid_t processus = 0;
+    const auto [fin, erreur] =
+        std::from_chars(marque.data(), marque.data() + marque.size(), processus, 36);
+    return erreur == std::errc() && marque == marqueDe(processus) ? processus : 0;
+}
+
+// Ôte les temporaires de cette cible dont le programme est mort avant de les installer. Ce qui ne
+// s'ôte pas reste : il ne gêne pas.
+void oterLesAbandonnes(const std::string& cible) {
+    const std::size_t barre = cible.rfind('/');
+    const std::string debut = cible.substr(barre + 1) + ".";
+    const std::unique_ptr<DIR, int (*)(DIR*)> dossier(::opendir(cible.substr(0, barre).c_str()),
+                                                      ::closedir);
+    while (const dirent* element = dossier ? ::readdir(dossier.get()) : nullptr) {
+        const std::string nom = element->d_name;
+        if (nom.compare(0, debut.size(), debut) != 0) {
+            continue;
+        }
+        const pid_t auteur = processusDe(nom.substr(debut.size()));
+        if (auteur > 0 && ::kill(auteur, 0) != 0 && errno == ESRCH) {
+            ::unlink((cible.substr(0, barre + 1) + nom).c_str());
+        }
+    }
+}
+
 // Fichier temporaire voisin de sa cible, retiré s'il n'a pas été installé.
 class Temporaire {
 public:
-    explicit Temporaire(const std::string& cible) : modele_(cible + ".XXXXXX") {
-        descripteur_ = ::mkostemp(modele_.data(), O_CLOEXEC);
+    explicit Temporaire(const std::string& cible) : nom_(cible + "." + marqueDe(::getpid())) {
+        oterLesAbandonnes(cible);
+        ::unlink(nom_.c_str()); // d'un programme mort qui avait notre numéro ; d'ordinaire, rien
+        descripteur_ = sansInterruption([&] {
+            return ::open(nom_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kModeFichier);
+        });
     }
 
     Temporaire(const Temporaire&) = delete;
@@ -37,7 +83,7 @@ public:
     ~Temporaire() {
         fermer();
         if (existe_) {
-            ::unlink(modele_.c_str());
+            ::unlink(nom_.c_str());
         }
     }
 
@@ -48,22 +94,35 @@ public:
     }
 
     bool installer(const std::string& cible) {
-        const bool fait = ::rename(modele_.c_str(), cible.c_str()) == 0;
+        const bool fait = ::rename(nom_.c_str(), cible.c_str()) == 0;
         existe_ = existe_ && !fait;
         return fait;
     }
 
-    bool lier(const std::string& cible) const {
-        return ::link(modele_.c_str(), cible.c_str()) == 0;
-    }
+    bool lier(const std::string& cible) const { return ::link(nom_.c_str(), cible.c_str()) == 0; }
 
 private:
     bool fermer() { return descripteur_ < 0 || ::close(std::exchange(descripteur_, -1)) == 0; }
 
-    std::string modele_;
+    std::string nom_;
     int descripteur_ = -1;
     bool existe_ = false;
 };
+
+// Ouvre un fichier ordinaire existant ; fermé (errno) pour tout le reste. O_NONBLOCK : un tube
+// nommé à sa place ne doit pas bloquer l'assistant.
+Descripteur ouvrirOrdinaire(const std::string& chemin, int mode) {
+    Descripteur fichier(sansInterruption(
+        [&] { return ::open(cheminReel(chemin).c_str(), mode | O_CLOEXEC | O_NONBLOCK); }));
+
+    struct stat infos {};
+
+    if (fichier.ouvert() && (::fstat(fichier.numero(), &infos) != 0 || !S_ISREG(infos.st_mode))) {
+        fichier.fermer();
+        errno = EINVAL;
+    }
+    return fichier;
+}
 
 // Là où les liens n'existent pas (exFAT, dossier personnel en réseau). Une écriture ratée laisse le
 // fichier : un autre programme y a peut-être déjà ajouté.
@@ -93,13 +152,8 @@ bool estExecutable(const std::string& chemin) {
 }
 
 std::optional<std::string> lireFichier(const std::string& chemin, std::size_t limite) {
-    // O_NONBLOCK : un tube nommé à la place du fichier ne doit pas bloquer l'assistant.
-    const Descripteur fichier(sansInterruption(
-        [&] { return ::open(cheminReel(chemin).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK); }));
-
-    struct stat infos {};
-
-    if (!fichier.ouvert() || ::fstat(fichier.numero(), &infos) != 0 || !S_ISREG(infos.st_mode)) {
+    const Descripteur fichier = ouvrirOrdinaire(chemin, O_RDONLY);
+    if (!fichier.ouvert()) {
         return std::nullopt;
     }
     std::string contenu;
@@ -174,9 +228,15 @@ bool supprimer(const std::string& chemin) {
     return std::filesystem::remove_all(cheminReel(chemin), erreur) > 0 && !erreur;
 }
 
+bool finitUneLigne(const std::string& chemin) {
+    const Descripteur fichier = ouvrirOrdinaire(chemin, O_RDONLY);
+    char dernier = '\n';
+    const off_t fin = fichier.ouvert() ? ::lseek(fichier.numero(), 0, SEEK_END) : 0;
+    return fin <= 0 || ::pread(fichier.numero(), &dernier, 1, fin - 1) != 1 || dernier == '\n';
+}
+
 Ajout ajouterALaFin(const std::string& chemin, const std::string& octets) {
-    const Descripteur fichier(sansInterruption(
-        [&] { return ::open(cheminReel(chemin).c_str(), O_WRONLY | O_APPEND | O_CLOEXEC); }));
+    const Descripteur fichier = ouvrirOrdinaire(chemin, O_WRONLY | O_APPEND);
     if (!fichier.ouvert()) {
         return errno == ENOENT ? Ajout::absent : Ajout::echec;
     }

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <new>
 #include <spawn.h>
+#include <string_view>
 #include <sys/wait.h>
 
 extern char** environ; // NOLINT(*-redundant-declaration) : un Mac ne la déclare nulle part
@@ -20,6 +22,7 @@ using natif::sansInterruption;
 
 constexpr std::size_t kBloc = 64UL * 1024;
 constexpr std::size_t kCroissance = 64;
+constexpr std::string_view kSuitePerdue = "\n(la suite ne tient pas en mémoire)\n";
 constexpr std::size_t kAjoutMaximal = 256UL * 1024 * 1024;
 
 // Les réglages d'un enfant : le tube en sortie et en erreur, les signaux remis à neuf, aucun
@@ -87,17 +90,32 @@ void agrandir(std::string& octets, std::size_t venus) {
 }
 
 // Lit par un bloc qui reste dans le cache : le texte n'est touché qu'une fois, par ce qui y reste.
-std::string lireJusquALaFin(int tube) {
-    std::string octets;
+// Lève std::bad_alloc, et garde dans `octets` ce qui est déjà reçu.
+void lireJusquALaFin(int tube, std::string& octets) {
     std::array<char, kBloc> bloc; // NOLINT(*-member-init) : rempli par la lecture
     for (;;) {
         const ssize_t lus = sansInterruption([&] { return ::read(tube, bloc.data(), kBloc); });
         if (lus <= 0) { // fin du tube ; une erreur de lecture garde ce qui est déjà reçu
-            return octets;
+            return;
         }
         agrandir(octets, static_cast<std::size_t>(lus));
         octets.append(bloc.data(), static_cast<std::size_t>(lus));
     }
+}
+
+// Tout ce que le tube donne, ou ce qui en tient en mémoire, suivi d'une phrase qui le dit.
+std::string lire(int tube) {
+    std::string octets;
+    try {
+        lireJusquALaFin(tube, octets);
+    } catch (const std::bad_alloc&) {
+        // À la place de la fin reçue quand il le faut : il n'y a justement plus de place.
+        if (octets.capacity() >= kSuitePerdue.size()) {
+            octets.resize(std::min(octets.size(), octets.capacity() - kSuitePerdue.size()));
+            octets += kSuitePerdue;
+        }
+    }
+    return octets;
 }
 
 int attendre(pid_t enfant) {
@@ -132,7 +150,7 @@ FinDeProcessus executer(const std::string& chemin, const std::vector<std::string
         return {natif::decrireErreur(code, chemin), -1};
     }
     // La lecture d'abord : un enfant qui remplit le tube attendrait sinon pour toujours.
-    std::string octets = lireJusquALaFin(lecture.numero());
+    std::string octets = lire(lecture.numero());
     // Après une erreur de lecture, l'enfant écrit peut-être encore : sans lecteur, il s'arrête. Que
     // cette fermeture échoue n'y change rien : le descripteur est rendu de toute façon.
     lecture.fermer();

@@ -42,6 +42,18 @@ TEST_F(Commande, DeuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
     EXPECT_EQ(fin.sortie.find_first_not_of('x'), std::string::npos);
 }
 
+TEST_F(Commande, CeQuiNeTientPasEnMemoireSeDitEtNeLeveRien) {
+    if (std::getenv("TSAN_OPTIONS") != nullptr) {
+        GTEST_SKIP() << "les assainisseurs arrêtent un programme qui manque de mémoire";
+    }
+    const essai::Limite limite(RLIMIT_AS, rlim_t{600} * 1024 * 1024);
+    const std::string giga = "head -c 1000000000 /dev/zero | tr '\\0' ";
+    const Systeme::Resultat fin = sh(giga + "x");
+    EXPECT_GT(fin.sortie.size(), 1'000'000U);
+    EXPECT_NE(fin.sortie.rfind("(la suite ne tient pas en mémoire)"), std::string::npos);
+    EXPECT_FALSE(sh(giga + "'\\377'").sortie.empty()) << "ni en le décodant";
+}
+
 TEST_F(Commande, LesArgumentsLesDeuxSortiesEtLeStatutPassentTelsQuels) {
     std::signal(SIGCHLD, SIG_IGN); // comme un lanceur peut le laisser
     plateforme::retablirFinDesEnfants();

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <map>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -123,10 +124,44 @@ TEST_F(EssaiJournal, UnDisquePleinNePerdRienDeCeQuiEtaitEcrit) {
     const std::string ligne = noter("trois");
     EXPECT_EQ(mac.lire(fichier), ancien + ligne);
 
+    {
+        const essai::Limite limite(RLIMIT_FSIZE, ancien.size() + ligne.size() + 9);
+        noter("coupée");
+    }
+    const std::string coupee = mac.lire(fichier);
+    EXPECT_EQ(coupee.size(), ancien.size() + ligne.size() + 9);
+    const std::string suivante = noter("quatre");
+    EXPECT_EQ(mac.lire(fichier), coupee + "\n" + suivante) << "rien ne se colle à son reste";
+}
+
+TEST_F(EssaiJournal, UneMortNeLaisseNiLigneColleeNiFichierTemporaire) {
+    const std::string coupee = "[2024-05-17 14:03:09] Démarr";
+    mac.poser(fichier, coupee);
+    const pid_t mort = ::fork();
+    if (mort == 0) {
+        ::_exit(0);
+    }
+    ::waitpid(mort, nullptr, 0);
+    std::string marque(6, '0'); // le numéro du mort, en base 36
+    for (auto [place, reste] = std::pair{5, mort}; reste > 0; --place, reste /= 36) {
+        marque[static_cast<std::size_t>(place)] =
+            "0123456789abcdefghijklmnopqrstuvwxyz"[reste % 36];
+    }
+    mac.poser(fichier + "." + marque, coupee);
+    const std::string premiere = noter("un");
+    EXPECT_EQ(mac.lire(fichier), coupee + "\n" + premiere);
     mac.retirer(fichier);
+    noter("deux");
+    EXPECT_EQ(mac.elements(dossier), 1);
+}
+
+TEST_F(EssaiJournal, CeQuiNEstPasUnFichierNeLArretePas) {
     fs::create_symlink("/dev/full", mac.reel(fichier));
-    noter("quatre");
+    noter("un");
     EXPECT_EQ(fs::read_symlink(mac.reel(fichier)), "/dev/full");
+    mac.retirer(fichier);
+    ASSERT_EQ(::mkfifo(mac.reel(fichier).c_str(), 0600), 0);
+    noter("deux"); // sans lecteur, l'ouvrir attendrait pour toujours
     EXPECT_EQ(mac.elements(dossier), 1);
 }
 
@@ -142,6 +177,7 @@ TEST_F(EssaiJournal, DesProgrammesQuiCommencentEnsembleNePerdentNiNeDechirentAuc
         for (std::string ligne; std::getline(lignes, ligne);) {
             ++lus[ligne.substr(std::min(kLongueurDate, ligne.size()))];
         }
+        lus.erase(""); // vue pendant qu'elle s'écrit, une ligne d'un mégaoctet paraît coupée
         EXPECT_EQ(lus.size(), messages.size());
         for (const std::string& message : messages) {
             EXPECT_EQ(lus[message], 10) << message[0];
