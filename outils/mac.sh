@@ -37,7 +37,7 @@ rendre_mac() {
 # Met le Mac et l'environnement en état de démonstration ; les images iront dans ce dossier.
 preparer_demonstration() {
     local mac=$1 dossier=$2 reponse=$3
-    rm -f "$dossier"/[0-9][0-9]-*.png "$dossier"/{journal,rapport}.txt
+    rm -f "$dossier"/[0-9][0-9]-*.png "$dossier"/{journal,rapport,transcription}.txt
     rm -rf "$mac/etat/demonstration"
     mkdir "$mac/etat/demonstration"
     if [ "$reponse" = non ]; then

@@ -4,11 +4,13 @@
 #include "plateforme/linux/application_qt.hpp"
 #include "plateforme/linux/demonstration_gestes.hpp"
 #include "plateforme/linux/demonstration_image.hpp"
+#include "plateforme/linux/demonstration_transcription.hpp"
 #include "plateforme/linux/fenetre_qt.hpp"
 #include "plateforme/linux/mac_simule.hpp"
 
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 
@@ -85,6 +87,8 @@ private:
     bool demanderPortrait(const QString& nom);
     bool choisir(const QString& article);
     void prendreImage(const QString& complement, QWidget* alerte);
+    void noter(const QString& nom, const QString& texte);
+    void noterLeGuide();
     void finir();
     void abandonner(const QString& raison);
     QString cheminImage(const QString& nom);
@@ -188,6 +192,9 @@ bool Demonstration::faire(const Geste& geste) {
         return !ecrireAtomiquement(mac_simule::cheminEtat("extensions_systeme"),
                                    lignes.toStdString());
     }
+    case Geste::Genre::guide:
+        noterLeGuide();
+        return true;
     case Geste::Genre::choisir:
         return choisir(valeur);
     case Geste::Genre::finir:
@@ -264,6 +271,26 @@ void Demonstration::prendreImage(const QString& complement, QWidget* alerte) {
     const QString chemin = cheminImage(nom);
     if (!imageDeLaFenetre(*fenetreAssistant(), alerte).save(chemin)) {
         abandonner("l'image " + chemin + " ne s'écrit pas");
+    }
+    noter(nom, transcrire(alerte != nullptr ? *alerte : *fenetreAssistant()->contenu()));
+}
+
+// À la suite de ce qu'ont noté les ouvertures d'avant.
+void Demonstration::noter(const QString& nom, const QString& texte) {
+    QFile transcription(dossier_ + "/transcription.txt");
+    if (!transcription.open(QFile::WriteOnly | QFile::Append) ||
+        transcription.write(QStringLiteral("== %1\n%2\n").arg(nom, texte).toUtf8()) < 0) {
+        abandonner("la transcription ne s'écrit pas");
+    }
+}
+
+// La consigne de chaque logiciel : la dernière étiquette qui n'est pas celle de la version.
+void Demonstration::noterLeGuide() {
+    auto* menu = fenetreAssistant()->contenu()->findChild<QComboBox*>();
+    for (int i = 0; menu != nullptr && i < menu->count(); ++i) {
+        choisir(menu->itemText(i));
+        const auto etiquettes = fenetreAssistant()->contenu()->findChildren<QLabel*>();
+        noter("guide : " + menu->itemText(i), etiquettes[etiquettes.size() - 2]->accessibleName());
     }
 }
 

@@ -25,7 +25,7 @@ Gestes fin(const std::string& titre) {
     if (titre == kPageTest) {
         gestes = {{Genre::clic, "Allumer"}, {Genre::attendre, "500"}};
     } else if (titre.rfind("Tout fonctionne", 0) == 0) {
-        gestes = {{Genre::choisir, "Millumin"}, {Genre::image, "millumin"}};
+        gestes = {{Genre::guide, ""}, {Genre::choisir, "Millumin"}, {Genre::image, "millumin"}};
     }
     gestes.push_back({Genre::clic, "Copier le rapport pour le support"});
     gestes.push_back({Genre::finir, ""});

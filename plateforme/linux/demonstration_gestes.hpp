@@ -13,6 +13,7 @@ struct Geste {
         attendre,            // laisser passer ce nombre de millisecondes
         portrait,            // demander au banc une image de lui-même
         desactiverExtension, // décocher l'extension de FTDI dans les Réglages
+        guide,               // lire la consigne de chaque article du menu local
         choisir,             // choisir cet article du menu local
         finir,               // garder le rapport et le journal, et terminer
     };
