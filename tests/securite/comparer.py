@@ -12,6 +12,7 @@ from pathlib import Path
 
 ECRITURES = re.compile(r"creat|(mk(dir|nod)|rename|link|symlink|unlink|rmdir|truncate|[lf]?chown|"
                        r"f?chmod|utime|l?setxattr|l?removexattr)(s|at|at2|nsat)?")
+REGARDS = re.compile(r"(new)?[fl]?stat(x|at|fs)?|f?access(at|at2)?|readlink(at)?|chdir")
 EXECUTABLE = "/Assistant Lumivia.app/Contents/MacOS/Assistant Lumivia"
 APPEL = re.compile(r"^(\w+)\((.*)\) += (.*)$", re.M)
 
@@ -32,6 +33,8 @@ def geste(appel, arguments, retour):
         return "écrit" if ecrit else "lit", chaines[:1]
     if ECRITURES.fullmatch(appel) and "EEXIST" not in retour:
         return "écrit", chaines
+    if REGARDS.fullmatch(appel) and "AT_EMPTY_PATH" not in arguments:
+        return "regarde", chaines[:1]
     if appel in ("connect", "bind", "sendto", "sendmsg") and "sun_path" in arguments:
         return "connecte", chaines[:1]
     if appel in ("connect", "bind") or appel == "socket" and "AF_UNIX" not in arguments:
@@ -68,7 +71,7 @@ def comme_le_document(chemin, essai):
                            (f"{essai}/mac/etat", "etat"), (f"{essai}/mac", ""),
                            (f"{essai}/images", "$LUMIVIA_DEMONSTRATION"),
                            (f"{essai}/releve", "$LUMIVIA_RELEVE_DMX"),
-                           (f"{essai}/maison", "$HOME")):
+                           (f"{essai}/maison", "$HOME"), (f"{essai}", "$XDG_RUNTIME_DIR")):
         if chemin == prefixe or chemin.startswith(prefixe + "/"):
             return ecrit + chemin[len(prefixe):]
     return f"linux:{chemin}" if chemin.startswith("/") else chemin
@@ -76,6 +79,12 @@ def comme_le_document(chemin, essai):
 
 def permet(rangee, fait):
     (_, permis, motif), (quoi, cible) = rangee, fait
+    if quoi == "regarde" and permis != "connecte":
+        # Ce qui se lit, s'écrit ou se lance peut aussi se regarder, et le chemin qui y mène.
+        permis = quoi
+        motif = re.sub(r" (-|x-|list|inspect).*", "", motif)
+        if motif.startswith(cible + "/"):
+            return True
     # Un fichier s'écrit par un voisin de même nom, suivi de six caractères.
     noms = [cible, re.sub(r"\.\w{6}$", "", cible)] if quoi == "écrit" else [cible]
     return permis == quoi and any(fnmatch.fnmatchcase(nom, motif) for nom in noms)
@@ -83,7 +92,7 @@ def permet(rangee, fait):
 
 def main():
     document, essai = Path(sys.argv[1]), Path(sys.argv[2])
-    rangees = re.findall(r"^\| (\(?)(lit|écrit|lance|connecte)\)? \| `([^`]+)` \|",
+    rangees = re.findall(r"^\| (\(?)(lit|écrit|regarde|lance|connecte)\)? \| `([^`]+)` \|",
                          document.read_text(encoding="utf-8"), re.M)
     faits = {(quoi, " ".join(comme_le_document(cible, essai) for cible in cibles))
              for trace in essai.glob("trace.*") for quoi, cibles in gestes(trace)}
