@@ -74,6 +74,8 @@ def comme_le_document(chemin, essai):
                            (f"{essai}/maison", "$HOME"), (f"{essai}", "$XDG_RUNTIME_DIR")):
         if chemin == prefixe or chemin.startswith(prefixe + "/"):
             return ecrit + chemin[len(prefixe):]
+    if str(essai).startswith(chemin + "/"):
+        return "$XDG_RUNTIME_DIR"  # le chemin qui y mène
     return f"linux:{chemin}" if chemin.startswith("/") else chemin
 
 
