@@ -80,3 +80,21 @@ TEST(Endurance, DISABLED_scriptsEtRelances) {
         ASSERT_TRUE(Actions::annulerRelance());
     });
 }
+
+// Cinq minutes devant la page de l'extension, sur un Mac où chaque vérification prend trois
+// secondes.
+TEST(Endurance, DISABLED_pageDeLExtensionSurUnMacLent) {
+    Conduite c("extension-seule");
+    c.allerAuResultat();
+    c.mac.poserOutil("/usr/bin/systemextensionsctl",
+                     "sleep 3; cat \"${0%/usr/*}/etat/extensions_systeme\"");
+    c.cliquer("Continuer");
+    QTest::qWait(10'000);
+    const Ressources avant;
+    for (int minute = 0; minute < 5; ++minute) {
+        QTest::qWait(60'000);
+        // Une vérification qui commence ou finit à cet instant en fait une de plus ou de moins.
+        EXPECT_LE(Ressources().fils, avant.fils + 2);
+        EXPECT_LE(Ressources().descripteurs, avant.descripteurs + 4);
+    }
+}
