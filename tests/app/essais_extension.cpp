@@ -53,10 +53,10 @@ TEST(Extension, chaqueClicARecoitUneAlerteEtCellesQuiFinissentEnsembleNAgissentQ
 
     c.mac.retirer("/suite");
     c.mac.retirer("/entrees");
-    c.mac.poserEtat("extensions_systeme", "0 extension(s)");
     c.cliquer("J'ai terminé");
     c.cliquer("J'ai terminé");
     ASSERT_TRUE(attendreEntrees(c, 3));
+    c.mac.poserEtat("extensions_systeme", "0 extension(s)");
     c.mac.poser("/suite", "");
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
     EXPECT_EQ(essai::compter("Pilote FTDI DriverKit désactivé par l'utilisateur"), 1);

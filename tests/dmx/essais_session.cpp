@@ -79,6 +79,9 @@ protected:
     EcritureRetenue() {
         poserVariante("ecriture_retenue");
         ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
+        allumer(); // les fils que la première session crée pour toujours sont là
+        test->fermer();
+        mac.retirer("/appels");
     }
 
     void retenir() const { mac.poserEtat("ecriture_retenue", ""); }
