@@ -24,6 +24,11 @@ inline std::string contenu(const std::filesystem::path& fichier) {
     return octets.str();
 }
 
+// Une vraie réponse d'un outil, relevée une fois pour le Mac simulé et pour les essais.
+inline std::string forme(const std::string& nom) {
+    return contenu(FORMES + nom);
+}
+
 class Mac {
 public:
     explicit Mac(const std::string& scenario = "pret") {

@@ -19,16 +19,10 @@ struct Fiche {
 const Fiche kFiches[] = {
     {"complet", "Mac14,2, puce Apple, macOS 15.3.1", "A1B2C3", "fichier présent, chargé oui",
      "/Library/Extensions/FTDIUSBSerialDriver.kext, /Library/Extensions/FTDIKext.kext", "activé"},
-    {"pret", "Mac14,2, puce Apple, macOS 14.5.0", "A1B2C3", "fichier absent, chargé non", "aucun",
-     "absent"},
-    {"sans-emetteur", "Mac14,2, puce Apple, macOS 14.5.0", "aucun", "fichier absent, chargé non",
-     "aucun", "absent"},
     {"deux-emetteurs", "Mac15,3, puce Apple, macOS 15.3.1", "A1B2C3, sans numéro",
      "fichier absent, chargé non", "aucun", "absent"},
     {"ancien-macos", "MacBookPro15,1, Intel, macOS 10.15.7", "A1B2C3",
      "fichier présent, chargé oui", "aucun", "absent"},
-    {"extension-seule", "Mac15,3, puce Apple, macOS 15.3.1", "A1B2C3", "fichier absent, chargé non",
-     "aucun", "activé"},
 };
 
 std::string rapport(const Fiche& f) {

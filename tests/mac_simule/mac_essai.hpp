@@ -5,8 +5,7 @@
 #include "commun/mac.hpp"
 #include "support/systeme.hpp"
 
-using essai::attendre;
-using essai::contenu;
+using essai::forme;
 
 inline std::string cite(const std::string& mot) {
     return "'" + mot + "'";
@@ -19,10 +18,6 @@ inline bool contient(const std::string& texte, const std::string& morceau) {
 // Le statut d'un programme arrêté par un signal est le numéro du signal.
 inline Systeme::Resultat lancer(const std::string& commande) {
     return Systeme::commande("/bin/sh", {"-c", "exec </dev/null; " + commande});
-}
-
-inline std::string forme(const std::string& nom) {
-    return contenu(FORMES + nom);
 }
 
 class MacEssai : public essai::Mac {

@@ -1,6 +1,5 @@
 // Le lancement des commandes, par de vrais processus.
 
-#include "commun/limite.hpp"
 #include "commun/mac.hpp"
 #include "commun/ressources.hpp"
 #include "plateforme/processus.hpp"
@@ -9,6 +8,7 @@
 #include <atomic>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -120,13 +120,16 @@ TEST_F(Commande, MilleLancementsNeLaissentAucunDescripteur) {
 TEST_F(Commande, SansDescripteurLErreurEstDite) {
     const int libre = ::open("/dev/null", O_RDONLY);
     ::close(libre);
+    rlimit avant{};
+    ::getrlimit(RLIMIT_NOFILE, &avant);
     for (const int permis : {libre, libre + 1}) { // aucun, puis un seul des deux bouts du tube
-        const essai::Limite limite(RLIMIT_NOFILE, static_cast<rlim_t>(permis));
+        const rlimit abaissee{static_cast<rlim_t>(permis), avant.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &abaissee);
         const Systeme::Resultat fin = Systeme::commande("/bin/echo", {"oui"});
+        ::setrlimit(RLIMIT_NOFILE, &avant);
         EXPECT_EQ(fin.code, -1);
         EXPECT_EQ(fin.sortie, "« /bin/echo » : trop de fichiers sont ouverts (erreur 24).");
     }
-    EXPECT_EQ(Systeme::commande("/bin/echo", {"oui"}).sortie, "oui\n");
 }
 
 TEST_F(Commande, CeQuiNeSeLancePasSeTaitOuDitPourquoi) {

@@ -1,6 +1,5 @@
 // Le journal, en mémoire et sur le disque.
 
-#include "commun/limite.hpp"
 #include "commun/mac.hpp"
 #include "support/journal.hpp"
 #include "support/systeme.hpp"
@@ -104,29 +103,6 @@ TEST_F(EssaiJournal, CeQuiNeSOuvrePasResteTelQuelEtLEcritureReprendApres) {
     const std::string refusee = noter("quatre");
     attendu += ::geteuid() == 0 ? refusee : ""; // root écrit partout
     EXPECT_EQ(mac.lire(fichier), attendu);
-    EXPECT_EQ(mac.elements(dossier), 1);
-}
-
-TEST_F(EssaiJournal, UnDisquePleinNePerdRienDeCeQuiEtaitEcrit) {
-    {
-        const essai::Limite limite(RLIMIT_FSIZE, 10); // même la première ligne n'a pas la place
-        noter("un");
-        EXPECT_EQ(mac.elements(dossier), 0);
-    }
-    const std::string ancien(5000, '\n');
-    mac.poser(fichier, ancien);
-    {
-        const essai::Limite limite(RLIMIT_FSIZE, ancien.size());
-        noter("deux");
-        EXPECT_EQ(mac.lire(fichier), ancien);
-    }
-    const std::string ligne = noter("trois");
-    EXPECT_EQ(mac.lire(fichier), ancien + ligne);
-
-    mac.retirer(fichier);
-    fs::create_symlink("/dev/full", mac.reel(fichier));
-    noter("quatre");
-    EXPECT_EQ(fs::read_symlink(mac.reel(fichier)), "/dev/full");
     EXPECT_EQ(mac.elements(dossier), 1);
 }
 
