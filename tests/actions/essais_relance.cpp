@@ -1,6 +1,7 @@
 // La relance après le redémarrage, la demande de redémarrage et l'ouverture des Réglages.
 
 #include "actions/actions.hpp"
+#include "actions/reglages.hpp"
 #include "commun/journal.hpp"
 #include "commun/liste_relue.hpp"
 #include "commun/mac.hpp"
@@ -49,14 +50,9 @@ TEST(Relance, LeRedemarrageEstDemandeMemeSiElleEstImpossible) {
                                     "Relance automatique impossible : « " + dossier + fin}));
 }
 
+// L'ouverture elle-même est des parcours.
 TEST(Reglages, LAdresseSuitLaVersion) {
-    const essai::Mac mac;
     const std::string prefixe = "x-apple.systempreferences:com.apple.";
-    for (const auto& [version, adresse] : {std::pair{"12.7.6", "preference.security"},
-                                           {"13.0.0", "LoginItems-Settings.extension"}}) {
-        mac.poserEtat("version", version);
-        Actions::ouvrirReglagesExtensions();
-        EXPECT_EQ(mac.lire("/etat/reglages_ouverts"), prefixe + adresse + "\n");
-    }
-    EXPECT_TRUE(messages().empty());
+    EXPECT_EQ(adresseReglagesExtensions(12), prefixe + "preference.security");
+    EXPECT_EQ(adresseReglagesExtensions(13), prefixe + "LoginItems-Settings.extension");
 }

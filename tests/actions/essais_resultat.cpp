@@ -39,13 +39,9 @@ protected:
         return resultat.value_or(Actions::ResultatRetrait{});
     }
 
-    static std::string sauvegarde(const std::string& extension) {
-        return kSauvegardes + "/sauvegarde-20250314-093012/" +
-               fs::path(extension).filename().string();
-    }
-
     const essai::Mac mac{"complet"};
-    const std::string fin = "sauvegarde : " + kSauvegardes + "/sauvegarde-20250314-093012\n";
+    const fs::path sauvegarde = kSauvegardes + "/sauvegarde-20250314-093012";
+    const std::string fin = "sauvegarde : " + sauvegarde.string() + "\n";
 };
 
 } // namespace
@@ -107,24 +103,11 @@ TEST_F(Terminal, ChaqueCombinaisonDExtensionsEstMiseDeCote) {
         EXPECT_EQ(resultat.sortie == attendu, !reconstruire);
         for (unsigned i = 0; i < 3; ++i) {
             EXPECT_FALSE(mac.existe(kExtensions[i]));
-            EXPECT_EQ(mac.lire(sauvegarde(kExtensions[i]) + "/Contents/code"),
+            const fs::path extension = kExtensions[i];
+            EXPECT_EQ(mac.lire(sauvegarde / extension.filename() / "Contents/code"),
                       (combinaison >> i & 1U) != 0 ? kExtensions[i] : "");
         }
     }
-}
-
-// Une sauvegarde du même nom, pleine, retient une des trois : rien ne se perd et le reste part.
-TEST_F(Terminal, UnDeplacementQuiEchoueNArretePasLesAutres) {
-    const std::string ancienne = sauvegarde(kExtensions[0]) + "/ancienne";
-    mac.poser(ancienne, "d'un autre retrait");
-    const Actions::ResultatRetrait resultat = retirer(false);
-    EXPECT_FALSE(resultat.ok);
-    EXPECT_EQ(resultat.sortie.rfind("mv: ", 0), 0U) << resultat.sortie;
-    EXPECT_EQ(resultat.sortie.substr(resultat.sortie.find('\n') + 1),
-              "mis de cote : " + kExtensions[1] + "\nmis de cote : " + kExtensions[2] + "\n" + fin);
-    EXPECT_TRUE(mac.existe(kExtensions[0] + "/Contents/Info.plist"));
-    EXPECT_TRUE(mac.existe(ancienne));
-    EXPECT_TRUE(mac.existe(sauvegarde(kExtensions[2]) + "/Contents/Info.plist"));
 }
 
 // Aucun vrai sudo ne doit pouvoir être atteint.
@@ -142,17 +125,4 @@ TEST_F(Terminal, RienNeCommenceSiUnOutilPeutEtreCeluiDeLaMachine) {
         fs::rename(mac.reel("/garde"), place);
     }
     EXPECT_TRUE(mac.existe(kExtensions[0]));
-}
-
-// « Recommencer » pressé dix fois : dix scripts se disputent les mêmes dossiers.
-TEST_F(Terminal, DixFenetresALaFoisNePerdentRien) {
-    for (int i = 0; i < 10; ++i) {
-        EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
-    }
-    EXPECT_TRUE(essai::attendre(
-        [&] { return mac.elements("/Library/Extensions") + mac.elements("/private/tmp") == 0; }));
-    const fs::recursive_directory_iterator tout(mac.reel("/Library"));
-    EXPECT_EQ(std::count_if(begin(tout), end(tout),
-                            [](const auto& la) { return la.path().filename() == "Info.plist"; }),
-              3);
 }

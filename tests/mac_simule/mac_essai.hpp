@@ -31,6 +31,8 @@ public:
         return lancer(cite(reel(commande.substr(0, fin))) + commande.substr(fin));
     }
 
+    std::string dit(const std::string& commande) const { return outil(commande).sortie; }
+
     std::string fait(const std::string& nom) const { return lire("/etat/" + nom); }
 
     // Vrai quand le dossier courant d'un processus est dans la racine.
