@@ -33,7 +33,7 @@ protected:
             fs::remove(fenetre);
         }
         EXPECT_TRUE(essai::attendre([&] { return fs::is_empty(mac.reel("/private/tmp")); }));
-        for (const std::string& cache : {std::string("lumivia\n"), mac.reel("").string()}) {
+        for (const char* cache : {": lumivia", "/tmp/"}) {
             EXPECT_EQ(mac.lire("/etat/terminal").find(cache), std::string::npos) << cache;
         }
         return resultat.value_or(Actions::ResultatRetrait{});

@@ -48,15 +48,6 @@ TEST(Endurance, DISABLED_analysesEtPagesIllustrees) {
     });
 }
 
-TEST(Endurance, DISABLED_dixMilleChangementsDePage) {
-    Conduite c;
-    c.passerLeResultat();
-    repeter(5000, [&] {
-        c.cliquer("Non");
-        c.cliquer("Refaire le test");
-    });
-}
-
 TEST(Endurance, DISABLED_sessionsEtMotifs) {
     Conduite c;
     c.passerLeResultat();

@@ -230,7 +230,20 @@ TEST_F(SessionComplete, seDetruitPendantQueSonFilTravaille) {
     EXPECT_TRUE(essai::attendre([&] { return faible.expired(); }));
 }
 
-TEST_F(SessionComplete, cinquanteSessionsNeLaissentRien) {
+TEST_F(SessionComplete, cinquanteSessionsApresUnDebranchementNeLaissentRien) {
+    ::setenv("LUMIVIA_RELEVE_DMX", mac.reel("/releve").c_str(), 1);
+    allumer();
+    const std::string fiche = mac.lire("/etat/usb/emetteur-1");
+    mac.retirer("/etat/usb/emetteur-1");
+    ASSERT_TRUE(essai::attendre([&] {
+        const std::string releve = mac.lire("/releve");
+        return releve.find("write_fail") != releve.rfind("write_fail");
+    })) << "d'autres trames suivent la première refusée";
+    const std::uint64_t recues = reception().trames;
+    mac.poser("/etat/usb/emetteur-1", fiche);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_EQ(reception().trames, recues) << "l'ancienne poignée reste perdue";
+    test->fermer();
     allumer();
     test->fermer();
     const essai::Ressources avant;

@@ -33,8 +33,6 @@ public:
 
     std::string dit(const std::string& commande) const { return outil(commande).sortie; }
 
-    std::string fait(const std::string& nom) const { return lire("/etat/" + nom); }
-
     // Vrai quand le dossier courant d'un processus est dans la racine.
     bool habite() const {
         std::error_code partis; // un processus peut finir pendant la lecture

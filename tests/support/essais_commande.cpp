@@ -114,14 +114,12 @@ TEST_F(Commande, SansDescripteurLErreurEstDite) {
     ::close(libre);
     rlimit avant{};
     ::getrlimit(RLIMIT_NOFILE, &avant);
-    for (const int permis : {libre, libre + 1}) { // aucun, puis un seul des deux bouts du tube
-        const rlimit abaissee{static_cast<rlim_t>(permis), avant.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &abaissee);
-        const Systeme::Resultat fin = Systeme::commande("/bin/echo", {"oui"});
-        ::setrlimit(RLIMIT_NOFILE, &avant);
-        EXPECT_EQ(fin.code, -1);
-        EXPECT_EQ(fin.sortie, "« /bin/echo » : trop de fichiers sont ouverts (erreur 24).");
-    }
+    const rlimit unSeul{static_cast<rlim_t>(libre) + 1, avant.rlim_max}; // un tube en demande deux
+    ::setrlimit(RLIMIT_NOFILE, &unSeul);
+    const Systeme::Resultat fin = Systeme::commande("/bin/echo", {"oui"});
+    ::setrlimit(RLIMIT_NOFILE, &avant);
+    EXPECT_EQ(fin.code, -1);
+    EXPECT_EQ(fin.sortie, "« /bin/echo » : trop de fichiers sont ouverts (erreur 24).");
 }
 
 TEST_F(Commande, CeQuiNeSeLancePasSeTaitOuDitPourquoi) {
