@@ -50,7 +50,7 @@ TEST(Relance, LeRedemarrageEstDemandeMemeSiElleEstImpossible) {
                                     "Relance automatique impossible : « " + dossier + fin}));
 }
 
-// L'ouverture elle-même est des parcours.
+// L'ouverture elle-même se voit à la trace : securite.demonstration.
 TEST(Reglages, LAdresseSuitLaVersion) {
     const std::string prefixe = "x-apple.systempreferences:com.apple.";
     EXPECT_EQ(adresseReglagesExtensions(12), prefixe + "preference.security");
