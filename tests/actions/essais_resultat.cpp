@@ -33,16 +33,15 @@ protected:
             fs::remove(fenetre);
         }
         EXPECT_TRUE(essai::attendre([&] { return fs::is_empty(mac.reel("/private/tmp")); }));
+        for (const char* cache : {": lumivia", "/tmp/"}) {
+            EXPECT_EQ(mac.lire("/etat/terminal").find(cache), std::string::npos) << cache;
+        }
         return resultat.value_or(Actions::ResultatRetrait{});
     }
 
-    static std::string sauvegarde(const std::string& extension) {
-        return kSauvegardes + "/sauvegarde-20250314-093012/" +
-               fs::path(extension).filename().string();
-    }
-
     const essai::Mac mac{"complet"};
-    const std::string fin = "sauvegarde : " + kSauvegardes + "/sauvegarde-20250314-093012\n";
+    const fs::path sauvegarde = kSauvegardes + "/sauvegarde-20250314-093012";
+    const std::string fin = "sauvegarde : " + sauvegarde.string() + "\n";
 };
 
 } // namespace
@@ -104,37 +103,10 @@ TEST_F(Terminal, ChaqueCombinaisonDExtensionsEstMiseDeCote) {
         EXPECT_EQ(resultat.sortie == attendu, !reconstruire);
         for (unsigned i = 0; i < 3; ++i) {
             EXPECT_FALSE(mac.existe(kExtensions[i]));
-            EXPECT_EQ(mac.lire(sauvegarde(kExtensions[i]) + "/Contents/code"),
+            const fs::path extension = kExtensions[i];
+            EXPECT_EQ(mac.lire(sauvegarde / extension.filename() / "Contents/code"),
                       (combinaison >> i & 1U) != 0 ? kExtensions[i] : "");
         }
-    }
-}
-
-// Une sauvegarde du même nom, pleine, retient une des trois : rien ne se perd et le reste part.
-TEST_F(Terminal, UnDeplacementQuiEchoueNArretePasLesAutres) {
-    const std::string ancienne = sauvegarde(kExtensions[0]) + "/ancienne";
-    mac.poser(ancienne, "d'un autre retrait");
-    const Actions::ResultatRetrait resultat = retirer(false);
-    EXPECT_FALSE(resultat.ok);
-    EXPECT_EQ(resultat.sortie.rfind("mv: ", 0), 0U) << resultat.sortie;
-    EXPECT_EQ(resultat.sortie.substr(resultat.sortie.find('\n') + 1),
-              "mis de cote : " + kExtensions[1] + "\nmis de cote : " + kExtensions[2] + "\n" + fin);
-    EXPECT_TRUE(mac.existe(kExtensions[0] + "/Contents/Info.plist"));
-    EXPECT_TRUE(mac.existe(ancienne));
-    EXPECT_TRUE(mac.existe(sauvegarde(kExtensions[2]) + "/Contents/Info.plist"));
-}
-
-TEST_F(Terminal, UnMotDePasseRefuseNeToucheARien) {
-    mac.poserEtat("frappe", "un\ndeux\ntrois\n");
-    const Actions::ResultatRetrait resultat = retirer(true);
-    EXPECT_FALSE(resultat.ok);
-    EXPECT_EQ(resultat.sortie, "Sorry, try again.\nSorry, try again.\n"
-                               "sudo: 3 incorrect password attempts\n");
-    EXPECT_TRUE(mac.existe(kExtensions[0]));
-    EXPECT_FALSE(mac.existe(kSauvegardes));
-    const std::string affiche = mac.lire("/etat/terminal");
-    for (const std::string& cache : {std::string("deux"), mac.reel("").string()}) {
-        EXPECT_EQ(affiche.find(cache), std::string::npos) << affiche;
     }
 }
 
@@ -153,17 +125,4 @@ TEST_F(Terminal, RienNeCommenceSiUnOutilPeutEtreCeluiDeLaMachine) {
         fs::rename(mac.reel("/garde"), place);
     }
     EXPECT_TRUE(mac.existe(kExtensions[0]));
-}
-
-// « Recommencer » pressé dix fois : dix scripts se disputent les mêmes dossiers.
-TEST_F(Terminal, DixFenetresALaFoisNePerdentRien) {
-    for (int i = 0; i < 10; ++i) {
-        EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
-    }
-    EXPECT_TRUE(essai::attendre(
-        [&] { return mac.elements("/Library/Extensions") + mac.elements("/private/tmp") == 0; }));
-    const fs::recursive_directory_iterator tout(mac.reel("/Library"));
-    EXPECT_EQ(std::count_if(begin(tout), end(tout),
-                            [](const auto& la) { return la.path().filename() == "Info.plist"; }),
-              3);
 }

@@ -43,12 +43,6 @@ public:
         traiter();
     }
 
-    // Met dans le paquet une bibliothèque D2XX défaillante.
-    void poserBibliotheque(const std::string& variante) const {
-        mac.poser("/Applications/Assistant Lumivia.app/Contents/Frameworks/libftd2xx.dylib",
-                  contenu(VARIANTES + variante + "/libftd2xx.dylib"));
-    }
-
     plateforme::FenetreQt& fenetre() const {
         for (QWidget* vue : QApplication::topLevelWidgets()) {
             if (auto* trouvee = dynamic_cast<plateforme::FenetreQt*>(vue)) {

@@ -44,15 +44,6 @@ TEST(Fin, commandeQPendantUneAnalyse) {
     EXPECT_TRUE(c.fenetre().isVisible()) << "quitter ne ferme pas la fenêtre";
 }
 
-TEST(Fin, commandeQPendantLEnvoiLaisseLeFilFinirAvecLeProcessus) {
-    Conduite c;
-    vivre(c, "Tester avec votre projecteur", [&] {
-        c.bouton("Allumer").click();
-        QTimer::singleShot(200, [] { plateforme::terminerApplication(); });
-    });
-    EXPECT_EQ(essai::compter("Test DMX : plein"), 1);
-}
-
 TEST(Fin, fermerPendantLEnvoiEteintDAbord) {
     Conduite c;
     ::setenv("LUMIVIA_RELEVE_DMX", c.mac.reel("/releve").c_str(), 1);
@@ -68,18 +59,20 @@ TEST(Fin, fermerPendantLEnvoiEteintDAbord) {
     EXPECT_GT(fin.indexOf(" close "), fin.lastIndexOf(" write 513 "));
 }
 
-TEST(Fin, commandeQPendantUneAlerte) {
+TEST(Fin, commandeQPendantUneAlerteLaisseLeFilDesTramesFinirAvecLeProcessus) {
     Conduite c;
-    vivre(c, "Bienvenue", [&] {
+    vivre(c, "Tester avec votre projecteur", [&] {
+        c.bouton("Allumer").click();
         QTimer::singleShot(200, [] { Conduite::touche(Qt::Key_Q, Qt::ControlModifier); });
         c.bouton("Copier le rapport pour le support").click();
     });
-    EXPECT_EQ(c.titre(), "Bienvenue");
+    EXPECT_EQ(essai::compter("Test DMX : plein"), 1);
+    EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
 }
 
 TEST(Fin, fermerQuandLEcritureNeRevientPas) {
     Conduite c;
-    c.poserBibliotheque("ecriture_retenue");
+    c.mac.poserVariante("ecriture_retenue");
     vivre(c, "Tester avec votre projecteur", [&] {
         c.bouton("Allumer").click();
         c.mac.poserEtat("ecriture_retenue", "");

@@ -40,7 +40,7 @@ TEST(Projecteur, seTesteDUnEssaiRateAuGuideEtChaqueSessionNeSOuvreQuUneFois) {
 
 TEST(Projecteur, onRepondEtOnReessaieQuandLaBibliothequeNeRepondPlus) {
     essai::Conduite c;
-    c.poserBibliotheque("ecriture_retenue");
+    c.mac.poserVariante("ecriture_retenue");
     c.passerLeResultat();
     c.fermerLesAlertes();
     c.cliquer("Allumer");

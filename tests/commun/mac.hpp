@@ -24,8 +24,16 @@ inline std::string contenu(const std::filesystem::path& fichier) {
     return octets.str();
 }
 
+// Une vraie réponse d'un outil, relevée une fois pour le Mac simulé et pour les essais.
+inline std::string forme(const std::string& nom) {
+    return contenu(FORMES + nom);
+}
+
 class Mac {
 public:
+    const std::string bibliotheque =
+        "/Applications/Assistant Lumivia.app/Contents/Frameworks/libftd2xx.dylib";
+
     explicit Mac(const std::string& scenario = "pret") {
         std::string modele = std::filesystem::temp_directory_path() / "un mac été-XXXXXX";
         dossier_ = ::mkdtemp(modele.data());
@@ -74,6 +82,15 @@ public:
     void poserOutil(const std::string& cheminMac, const std::string& script) const {
         poser(cheminMac, "#!/bin/sh\n" + script + "\n");
         std::filesystem::permissions(reel(cheminMac), std::filesystem::perms::owner_all);
+    }
+
+    // Met cette bibliothèque D2XX dans le paquet de l'assistant.
+    void poserBibliotheque(const std::string& fichier) const {
+        poser(bibliotheque, contenu(fichier));
+    }
+
+    void poserVariante(const std::string& nom) const {
+        poserBibliotheque(VARIANTES + nom + "/libftd2xx.dylib");
     }
 
     void retirer(const std::string& cheminMac) const {

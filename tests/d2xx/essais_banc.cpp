@@ -16,13 +16,6 @@ namespace {
 
 constexpr d2xx::Nanosecondes seconde = 1'000'000'000;
 
-struct Fenetre {
-    int nombre = 1;
-    std::string nom = "banc";
-    std::array<char*, 2> arguments{nom.data(), nullptr};
-    QApplication application{nombre, arguments.data()};
-};
-
 void cliquer(const Banc& fenetre, const QString& titre) {
     for (QAbstractButton* bouton : fenetre.findChildren<QAbstractButton*>()) {
         if (bouton->text() == titre) {
@@ -36,13 +29,10 @@ void cliquer(const Banc& fenetre, const QString& titre) {
 } // namespace
 
 TEST(Banc, LeProjecteurDitCeQuIlRecoit) {
-    d2xx::Reception recue{.trames = 1234,
-                          .correctes = 1234,
-                          .derniereTrame = seconde,
-                          .derniereComprise = seconde,
-                          .milliTramesParSeconde = 32'800,
-                          .niveauMin = 255,
-                          .niveauMax = 255};
+    d2xx::Reception recue{.milliTramesParSeconde = 32'800};
+    recue.trames = recue.correctes = 1234;
+    recue.derniereTrame = recue.derniereComprise = seconde;
+    recue.niveauMin = recue.niveauMax = 255;
     const Constat plein = constater(recue, seconde * 2);
     EXPECT_EQ(plein.signal, Constat::Signal::correct);
     EXPECT_EQ(plein.niveau, 1);
@@ -63,7 +53,10 @@ TEST(Banc, LeProjecteurDitCeQuIlRecoit) {
 
 TEST(Banc, LesInterrupteursChangentLesFaits) {
     const Mac mac("sans-emetteur");
-    const Fenetre qt;
+    int nombre = 1;
+    std::string nom = "banc";
+    char* arguments[]{nom.data(), nullptr};
+    const QApplication qt(nombre, arguments);
     // Un Mac sans émetteur permet d'en brancher un.
     cliquer(Banc(QString::fromStdString(mac.reel(""))), "Émetteur A1B2C3");
     EXPECT_TRUE(mac.lire("/etat/usb/emetteur-neuf").ends_with("serie A1B2C3\n"));

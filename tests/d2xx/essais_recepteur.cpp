@@ -41,11 +41,6 @@ Verdict verdict(const std::optional<Trame>& trame) {
 } // namespace
 
 TEST(Recepteur, ChaqueLimiteEstJugeeAuBordPres) {
-    const auto ligne = [](auto champ, auto valeur) {
-        Ligne fausse = dmx;
-        fausse.*champ = static_cast<std::decay_t<decltype(fausse.*champ)>>(valeur);
-        return Envoi{.ligne = fausse};
-    };
     const std::vector<std::pair<Envoi, Verdict>> cas{
         {{}, Verdict::correct},
         {{.rupture = 92'000}, Verdict::correct},
@@ -58,11 +53,11 @@ TEST(Recepteur, ChaqueLimiteEstJugeeAuBordPres) {
         {{.creneaux = 514}, Verdict::nombreDeCreneaux},
         {{.creneaux = 0}, Verdict::nombreDeCreneaux},
         {{.codeDepart = 1}, Verdict::codeDepart},
-        {ligne(&Ligne::debit, 230'400), Verdict::ligneMalReglee},
-        {ligne(&Ligne::bits, 7), Verdict::ligneMalReglee},
-        {ligne(&Ligne::arrets, 0), Verdict::ligneMalReglee},
-        {ligne(&Ligne::parite, 1), Verdict::ligneMalReglee},
-        {ligne(&Ligne::flux, 0x0100), Verdict::ligneMalReglee},
+        {{.ligne = {230'400, 8, 2, 0, 0}}, Verdict::ligneMalReglee},
+        {{.ligne = {250'000, 7, 2, 0, 0}}, Verdict::ligneMalReglee},
+        {{.ligne = {250'000, 8, 0, 0, 0}}, Verdict::ligneMalReglee},
+        {{.ligne = {250'000, 8, 2, 1, 0}}, Verdict::ligneMalReglee},
+        {{.ligne = {250'000, 8, 2, 0, 0x0100}}, Verdict::ligneMalReglee},
         {{.ligne = {}}, Verdict::ligneMalReglee},
     };
     for (std::size_t rang = 0; rang < cas.size(); ++rang) {

@@ -6,9 +6,7 @@
 
 namespace {
 
-std::string forme(const std::string& nom) {
-    return essai::contenu(FORMES + nom);
-}
+using essai::forme;
 
 void attendreDext(const std::string& listage, bool present, bool actif) {
     const EtatDext etat = lireEtatDext(listage);

@@ -1,9 +1,6 @@
 // Ce que partagent les programmes qui reçoivent des entrées tirées au hasard.
 #pragma once
 
-#include <QtCore/QString>
-#include <QtCore/QUtf8StringView>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -18,10 +15,6 @@ inline void exiger(bool vrai, const char* propriete) {
         std::fprintf(stderr, "Propriété fausse : %s.\n", propriete);
         std::abort();
     }
-}
-
-inline bool valide(std::string_view octets) {
-    return QUtf8StringView(octets.data(), static_cast<qsizetype>(octets.size())).isValidUtf8();
 }
 
 void eprouver(std::string_view octets);

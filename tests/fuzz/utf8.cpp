@@ -2,9 +2,15 @@
 #include "support/utf8.hpp"
 #include "fuzz/entree.hpp"
 
+#include <QtCore/QString>
+
 #include <algorithm>
 
 namespace {
+
+bool valide(std::string_view octets) {
+    return QUtf8StringView(octets.data(), static_cast<qsizetype>(octets.size())).isValidUtf8();
+}
 
 std::string ascii(std::string_view octets) {
     std::string garde;

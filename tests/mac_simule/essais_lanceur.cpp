@@ -23,7 +23,7 @@ TEST(Lanceur, RendLaFinDeLAssistantEtLuiPasseSesArguments) {
     const MacEssai mac("pret");
     installer(mac, "exit 0\n");
     EXPECT_EQ(derouler(mac, " --assistant --un 'deux mots'").code, 0);
-    EXPECT_EQ(mac.fait("passages"), "passage --un deux mots\n");
+    EXPECT_EQ(mac.lire("/etat/passages"), "passage --un deux mots\n");
     installer(mac, "exit 7\n");
     EXPECT_EQ(derouler(mac).code, 7);
     installer(mac, "kill -SEGV $$\n");
@@ -39,7 +39,7 @@ TEST(Lanceur, UneDemonstrationQuiNAvancePasFinitEnEchec) {
     const Systeme::Resultat fini = derouler(mac, "", "LUMIVIA_DEMONSTRATION=x");
     EXPECT_EQ(fini.code, 1);
     EXPECT_TRUE(contient(fini.sortie, "avant la dernière page"));
-    EXPECT_EQ(mac.fait("passages").size(), 5 * std::string("passage \n").size());
+    EXPECT_EQ(mac.lire("/etat/passages").size(), 5 * std::string("passage \n").size());
 }
 
 TEST(Lanceur, UneDemonstrationSansFinSArreteALHeure) {

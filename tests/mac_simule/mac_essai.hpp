@@ -5,8 +5,7 @@
 #include "commun/mac.hpp"
 #include "support/systeme.hpp"
 
-using essai::attendre;
-using essai::contenu;
+using essai::forme;
 
 inline std::string cite(const std::string& mot) {
     return "'" + mot + "'";
@@ -21,10 +20,6 @@ inline Systeme::Resultat lancer(const std::string& commande) {
     return Systeme::commande("/bin/sh", {"-c", "exec </dev/null; " + commande});
 }
 
-inline std::string forme(const std::string& nom) {
-    return contenu(FORMES + nom);
-}
-
 class MacEssai : public essai::Mac {
 public:
     explicit MacEssai(const std::string& scenario) : Mac(scenario) { ::unsetenv("LUMIVIA_MAC"); }
@@ -36,7 +31,7 @@ public:
         return lancer(cite(reel(commande.substr(0, fin))) + commande.substr(fin));
     }
 
-    std::string fait(const std::string& nom) const { return lire("/etat/" + nom); }
+    std::string dit(const std::string& commande) const { return outil(commande).sortie; }
 
     // Vrai quand le dossier courant d'un processus est dans la racine.
     bool habite() const {

@@ -60,7 +60,3 @@ class Declarations(unittest.TestCase):
         trouvees = re.findall(r"\b((?:NS|k[A-Z]|OBJC_)\w+) = ([^,;}\n]+)", self.declare)
         valeurs = {nom: eval(valeur.replace("ULL", "")) for nom, valeur in trouvees}
         self.assertEqual(valeurs, VALEURS)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

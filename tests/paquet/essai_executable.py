@@ -63,7 +63,3 @@ class Executable(unittest.TestCase):
         self.assertEqual(identifiant, "Assistant Lumivia")
         self.assertTrue(options & OPTION_AD_HOC)
         self.assertEqual(signees, calculees)
-
-
-if __name__ == "__main__":
-    unittest.main(verbosity=2)

@@ -108,5 +108,4 @@ def main():
     sys.exit(bool(inconnus or jamais))
 
 
-if __name__ == "__main__":
-    main()
+main()
