@@ -4,6 +4,8 @@
 #include "plateforme/linux/image_qt.hpp"
 #include "plateforme/linux/vue_native.hpp"
 
+#include <QtGui/QAccessible>
+
 #include <algorithm>
 
 namespace plateforme {
@@ -62,7 +64,12 @@ Ligne decrire(const QWidget& vue) {
         return {QStringLiteral("menu"), menu->currentText(), articles(*menu).join(u'\n')};
     }
     if (dynamic_cast<const ImageQt*>(&vue) != nullptr) {
-        return {QStringLiteral("image"), {}, vue.accessibleName()};
+        // Telle qu'une aide à l'accessibilité la présente.
+        const auto* lue = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(&vue));
+        return {lue->role() == QAccessible::Graphic ? QStringLiteral("image")
+                                                    : QStringLiteral("vue"),
+                {},
+                lue->text(QAccessible::Name)};
     }
     return {};
 }

@@ -63,20 +63,6 @@ TEST(Accessibilite, lesPagesSeLisentEtSeConduisent) {
     EXPECT_EQ(noms(*ici, QAccessible::ComboBox), Noms{"Chataigne"});
 }
 
-TEST(Accessibilite, lesImagesDisentCeQuEllesMontrent) {
-    Conduite c("complet");
-    c.mac.poserOutil("/usr/bin/open", "exit 0");
-    c.passerLeResultat();
-    for (const char* page : {"Retirer l'ancien pilote", "Retrait en cours…"}) {
-        ASSERT_EQ(c.titre(), page);
-        EXPECT_EQ(
-            noms(c.fenetre(), QAccessible::Graphic),
-            (Noms{"Étape 1 : la fenêtre Terminal demande le mot de passe de votre session.",
-                  "Étape 2 : une fenêtre demande à nouveau le mot de passe ; cliquez sur OK."}));
-        c.cliquer(c.parDefaut());
-    }
-}
-
 TEST(Accessibilite, uneAlerteSeLitEtEchappSuffitALaFermer) {
     Conduite c;
     c.demarrer();

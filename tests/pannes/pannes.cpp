@@ -100,7 +100,6 @@ int open(const char* chemin, int options, ...) {
     return echoue("open", EMFILE, RETOUR, chemin) ? -1 : VRAIE(open)(chemin, options, permissions);
 }
 
-REMPLACER(int, mkostemp, "open", EMFILE, modele, (char* modele, int options), (modele, options), )
 REMPLACER(ssize_t, read, "read", EIO, f, (int f, void* ou, size_t n), (f, ou, n), )
 REMPLACER(int, rename, "rename", ENOSPC, b, (const char* a, const char* b), (a, b), noexcept)
 REMPLACER(int, link, "link", EPERM, b, (const char* a, const char* b), (a, b), noexcept)
