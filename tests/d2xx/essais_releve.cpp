@@ -26,16 +26,6 @@ public:
 
 } // namespace
 
-TEST(Releve, LeLecteurAccepteUneFinInterrompueEtNommeUneLigneFautive) {
-    Faux faux;
-    faux.trame(0);
-    EXPECT_EQ(releve::lire(faux.texte + "12345 break" + std::string(50, '\0')).evenements.size(),
-              4U);
-    EXPECT_EQ(releve::lire(faux.texte + "# note\nn'importe quoi\n").ligneFautive, 7U);
-    EXPECT_EQ(releve::lire("12 open 0\n").ligneFautive, 1U);
-    EXPECT_EQ(releve::lire("").ligneFautive, 1U);
-}
-
 TEST(Releve, LesChiffresLaissentLaPremiereSeconde) {
     Faux faux;
     faux.trame(0, 50);

@@ -1,12 +1,21 @@
 // Le décodage UTF-8 et les blancs, comparés à ceux de Qt.
 #include "support/utf8.hpp"
-#include "fuzz/entree.hpp"
 
 #include <QtCore/QString>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 
 namespace {
+
+// L'entrée fautive est gardée par qui l'a tirée.
+void exiger(bool vrai, const char* propriete) {
+    if (!vrai) {
+        std::fprintf(stderr, "Propriété fausse : %s.\n", propriete);
+        std::abort();
+    }
+}
 
 bool valide(std::string_view octets) {
     return QUtf8StringView(octets.data(), static_cast<qsizetype>(octets.size())).isValidUtf8();
@@ -21,7 +30,8 @@ std::string ascii(std::string_view octets) {
 
 } // namespace
 
-void essai::eprouver(std::string_view octets) {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* recus, std::size_t taille) {
+    const std::string_view octets(reinterpret_cast<const char*>(recus), taille);
     const std::string texte = decoderUtf8(std::string(octets));
     exiger(valide(texte), "le texte rendu est de l'UTF-8");
     exiger(estUtf8Valide(octets) == valide(octets), "la validité est celle de la norme");
@@ -37,4 +47,5 @@ void essai::eprouver(std::string_view octets) {
     // Derrière un blanc, une marque d'ordre des octets, que Qt sauterait, est un caractère.
     exiger(rogner(" " + texte) == QString::fromStdString(" " + texte).trimmed().toStdString(),
            "les blancs rognés sont ceux d'Unicode");
+    return 0;
 }

@@ -1,11 +1,14 @@
-// Bibliothèque préchargée : fait échouer le n-ième appel au système d'un genre.
+// Bibliothèque préchargée : fait échouer le n-ième appel au système d'un genre, ou y tue le
+// programme.
 //
-// LUMIVIA_PANNE="GENRE RANG" choisit l'appel ; seuls comptent ceux que l'exécutable fait lui-même,
-// pas ceux de Qt ni de la bibliothèque C++. Les faits du Mac simulé (etat/) ne comptent pas non
-// plus, un Mac y répond sans fichier, hors deux qui tiennent lieu d'appels faillibles. La sortie
-// standard reçoit la panne au moment où elle survient, puis à la fin le compte de chaque genre.
+// LUMIVIA_PANNE="[mort ]GENRE RANG" choisit l'appel ; seuls comptent ceux que l'exécutable fait
+// lui-même, pas ceux de Qt ni de la bibliothèque C++. Les faits du Mac simulé (etat/) ne comptent
+// pas non plus, un Mac y répond sans fichier, hors deux qui tiennent lieu d'appels faillibles. La
+// sortie standard reçoit la panne au moment où elle survient, puis à la fin le compte de chaque
+// genre.
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -65,11 +68,16 @@ bool echoue(const char* genre, int erreur, const void* retour, const char* chemi
     }
     const std::lock_guard<std::mutex> garde(pannes.verrou);
     const long rang = ++pannes.comptes[genre];
-    if (pannes.voulue != std::string(genre) + ' ' + std::to_string(rang)) {
+    const std::string celui = std::string(genre) + ' ' + std::to_string(rang);
+    const bool mort = pannes.voulue == "mort " + celui;
+    if (!mort && pannes.voulue != celui) {
         return false;
     }
     std::printf("panne\t%s\n", chemin);
     std::fflush(stdout);
+    if (mort && std::strcmp(genre, "write coupé") != 0) {
+        ::raise(SIGKILL);
+    }
     errno = erreur;
     return true;
 }
@@ -113,7 +121,11 @@ ssize_t write(int fichier, const void* octets, size_t nombre) {
         return -1;
     }
     const bool moitie = echoue("write coupé", 0, RETOUR, fichier);
-    return VRAIE(write)(fichier, octets, moitie ? (nombre + 1) / 2 : nombre);
+    const ssize_t ecrits = VRAIE(write)(fichier, octets, moitie ? (nombre + 1) / 2 : nombre);
+    if (moitie && pannes.voulue.rfind("mort ", 0) == 0) {
+        ::raise(SIGKILL);
+    }
+    return ecrits;
 }
 
 int close(int fichier) {

@@ -1,4 +1,5 @@
-"""Parcourt le véritable assistant avec une panne à la fois, et juge ce qui en reste.
+"""Parcourt le véritable assistant avec une panne à la fois, ou une mort suivie d'une seconde vie, et
+juge ce qui en reste.
 
 Utilisation : parcourir.py CONSTRUCTION [--ecrire]
 Chaque rangée du tableau de docs/robustesse.md est une chose qui peut échouer ; --ecrire y met à
@@ -85,25 +86,21 @@ def lignes_du_journal(texte):
 class Vie:
     """Un passage du programme : ce qu'il a montré, ce qu'il a noté, ce qu'il a laissé."""
 
-    def __init__(self, modele, genre="", rang=0):
-        self.nom = f"{modele.name}, {genre} n° {rang}"
+    def __init__(self, modele, genre="", rang=0, mort=False):
+        self.nom = f"{modele.name}, {'mort, ' * mort}{genre} n° {rang}"
         self.genre = genre
         with tempfile.TemporaryDirectory(prefix="une panne été ") as dossier:
             self.mac = f"{dossier}/mac"
             subprocess.run(["cp", "-a", modele, self.mac], check=True)
-            fin = subprocess.run(
-                [PAQUET / "Contents/MacOS/Assistant Lumivia"], capture_output=True, text=True,
-                stdin=subprocess.DEVNULL, timeout=120, env={
-                    "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", "HOME": dossier,
-                    "LUMIVIA_MAC": self.mac, "QT_QPA_PLATFORM": "offscreen",
-                    "LUMIVIA_GESTES": "\n".join("|".join(gestes) for gestes in GESTES),
-                    "LUMIVIA_PANNE": f"{genre} {rang}",
-                    "LD_PRELOAD": str(CONSTRUCTION / "tests/pannes/libpannes.so")})
+            fin = self.vivre(dossier, f"{'mort ' * mort}{genre} {rang}")
+            self.meurt = fin.returncode == -9
+            if self.meurt:
+                fin = self.vivre(dossier, "")
             self.bien_fini = fin.returncode == 0
             self.sortie = fin.stdout + fin.stderr
             tous = [str(f) for f in pathlib.Path(self.mac).rglob("*")]
             self.restes = [nom for nom in tous if re.search(r"\.\w{6}$", nom)]
-            self.fichiers = {nom: pathlib.Path(self.mac + nom).read_text()
+            self.fichiers = {nom: pathlib.Path(self.mac + nom).read_text(errors="replace")
                              for nom in (JOURNAL, SCRIPT, AGENT, MARQUE, DEMARRAGE, DEMANDE)
                              if self.mac + nom in tous}
         # Une page qui avance seule peut passer entre deux regards.
@@ -115,6 +112,35 @@ class Vie:
         avant, self.panne, apres = fin.stdout.partition("panne\t")
         self.avant = re.findall("^(?:page|clic)\t(.*)", "page\t\n" + avant, re.M)[-1]
         self.chemin = apres.partition("\n")[0].replace(self.mac, "")
+
+    def vivre(self, dossier, panne):
+        return subprocess.run(
+            [PAQUET / "Contents/MacOS/Assistant Lumivia"], capture_output=True, text=True,
+            stdin=subprocess.DEVNULL, timeout=120, env={
+                "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", "HOME": dossier,
+                "LUMIVIA_MAC": self.mac, "QT_QPA_PLATFORM": "offscreen",
+                "LUMIVIA_GESTES": "\n".join("|".join(gestes) for gestes in GESTES),
+                "LUMIVIA_PANNE": panne,
+                "LD_PRELOAD": str(CONSTRUCTION / "tests/pannes/libpannes.so")})
+
+    def restes_d_une_mort(self, temoin):
+        """Ce qui n'est pas entier, ni absent, après la vie qui suit."""
+        yield "la seconde vie finit mal", not self.bien_fini
+        yield "une ligne du journal est collée à une autre", re.search(
+            r"[^\n]\[\d{4}-\d\d-\d\d [:\d]{8}\] ", self.fichiers[JOURNAL])
+        yield "le rapport est incomplet", not DIAGNOSTIC.search(self.rapport)
+        yield from self.coupes(temoin)
+        yield "l'agent n'est pas entier", self.fichiers.get(AGENT) not in (
+            None, temoin.fichiers.get(AGENT))
+
+    def coupes(self, temoin):
+        """Ce qui s'écrit d'un coup et n'est ni entier ni absent."""
+        yield "un fichier temporaire reste", self.restes
+        entier = temoin.fichiers.get(SCRIPT, "")
+        yield "le script n'est pas entier", self.fichiers.get(SCRIPT, entier) not in (
+            entier, entier.replace('"oui" = "oui"', '"non" = "oui"'))
+        demarrage = self.fichiers[DEMARRAGE].strip()
+        yield "la marque n'est pas entière", self.fichiers.get(MARQUE, demarrage) != demarrage
 
     def dits(self, genre):
         return re.findall(f"^{genre}\t(.*)", self.sortie, re.M)
@@ -144,17 +170,12 @@ class Vie:
                   if ligne.startswith(cause)]
         yield "la fin est mauvaise", not self.bien_fini
         yield "la dernière page manque", self.pages[-1:] != temoin.pages[-1:]
-        yield "un fichier temporaire reste", self.restes
+        yield from self.coupes(temoin)
         yield "la racine se lit", self.mac in self.rapport + "".join(self.alertes)
         yield "une cause est en anglais", re.search("temporar|output error|space", self.rapport)
         yield "le journal perd des lignes", perdues.total() > (nature == "le journal")
         yield "le journal a une ligne en trop ou coupée", \
             collections.Counter(ecrit) - collections.Counter(journal)
-        entier = temoin.fichiers.get(SCRIPT, "")
-        yield "le script n'est pas entier", self.fichiers.get(SCRIPT, entier) not in (
-            entier, entier.replace('"oui" = "oui"', '"non" = "oui"'))
-        demarrage = self.fichiers[DEMARRAGE].strip()
-        yield "la marque n'est pas entière", self.fichiers.get(MARQUE, demarrage) != demarrage
         yield "la demande de redémarrage manque", (DEMANDE in self.fichiers) != (
             DEMANDE in temoin.fichiers) and nature != "la demande de redémarrage"
         yield "l'agent n'est pas entier", self.fichiers.get(AGENT) != (
@@ -189,8 +210,12 @@ class Vie:
                 "Branchez l'émetteur" not in self.pages
 
 
+# Une mort où rien n'est en train de s'écrire ne laisse rien à réparer.
+MORTELS = ("open", "write", "write coupé", "rename", "link", "mkdir", "chmod", "spawn")
+
+
 def main():
-    document, mauvaises = DOCUMENT.read_text(), 0
+    document, mauvaises, morts = DOCUMENT.read_text(), 0, 0
     points = {nature: collections.Counter()
               for nature in re.findall(r"^\| ([^|]*) \| [^|]* \d+ \|", document, re.M)}
     with tempfile.TemporaryDirectory() as dossier, concurrent.futures.ThreadPoolExecutor(2) as deux:
@@ -202,9 +227,17 @@ def main():
             taches += [(deux.submit(Vie, modele, genre, rang), temoin)
                        for genre, compte in (ligne.split("\t") for ligne in temoin.dits("compte"))
                        for rang in range(1, int(compte) + 1 + 4 * (genre == "read"))]
+            taches += [(deux.submit(Vie, modele, genre, rang, True), temoin)
+                       for genre, compte in (ligne.split("\t") for ligne in temoin.dits("compte"))
+                       if genre in MORTELS for rang in range(1, int(compte) + 1)]
         for tache, temoin in taches:
             vie = tache.result()
-            if vie.panne:
+            if vie.meurt:
+                morts += 1
+                if fautes := [phrase for phrase, vraie in vie.restes_d_une_mort(temoin) if vraie]:
+                    mauvaises += 1
+                    print(f"{vie.nom} : {', '.join(fautes)}\n{vie.sortie}")
+            elif vie.panne:
                 points[vie.nature()][vie.genre] += 1
                 if fautes := [phrase for phrase, vraie in vie.fautes(temoin) if vraie]:
                     mauvaises += 1
@@ -214,9 +247,10 @@ def main():
         print(f"{nature} : {appels}")
         document = re.sub(rf"^(\| {nature} \|) [^|]*", rf"\1 {appels} ", document, flags=re.M)
     total = sum(atteints.total() for atteints in points.values())
-    print(f"{total} pannes en tout.")
+    print(f"{total} pannes et {morts} morts en tout.")
     if "--ecrire" in sys.argv:
-        DOCUMENT.write_text(re.sub(r"\d+ pannes en tout", f"{total} pannes en tout", document))
+        DOCUMENT.write_text(re.sub(r"\d+ pannes(?: et \d+ morts)? en tout",
+                                   f"{total} pannes et {morts} morts en tout", document))
     return 1 if mauvaises or not all(points.values()) else 0
 
 
