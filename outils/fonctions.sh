@@ -29,11 +29,15 @@ ouvrir_temporaire() { # nom [dossier]
 }
 
 # Lance une commande dans un groupe de processus à elle et attend sa fin ; une interruption est ainsi
-# entendue tout de suite, et emporte tout le groupe.
+# entendue tout de suite, et emporte tout le groupe. Elle n'emporte pas ce que `reserver` a réservé : un
+# processus qu'elle oublierait le garderait.
 mener() {
     local statut=0
     set -m
-    "$@" </dev/null &
+    (
+        [ "$1" = flock ] || liberer
+        "$@"
+    ) </dev/null &
     mene=$!
     set +m
     wait "$mene" || statut=$?
