@@ -17,7 +17,7 @@ struct Actions {
     // Écrit le script de retrait et demande au Terminal de l'ouvrir. Vrai quand le Terminal en a
     // été chargé ; cela ne dit rien du retrait lui-même, que seul resultatRetrait connaît. Un
     // script qui ne s'écrit pas laisse une ligne au journal, et rien n'est lancé.
-    static bool lancerRetraitDansTerminal(bool reconstruire);
+    [[nodiscard]] static bool lancerRetraitDansTerminal(bool reconstruire);
 
     struct ResultatRetrait {
         std::string sortie; // tout ce que le script a affiché
@@ -25,7 +25,7 @@ struct Actions {
     };
 
     // Le résultat du dernier retrait ; absent tant que le script n'a pas fini. Ne change rien.
-    static std::optional<ResultatRetrait> resultatRetrait();
+    [[nodiscard]] static std::optional<ResultatRetrait> resultatRetrait();
 
     // Programme la relance de l'assistant, puis demande le redémarrage du Mac et revient aussitôt.
     // Un refus n'est pas rapporté.
@@ -39,7 +39,7 @@ struct Actions {
 
     // Retire l'agent. Vrai quand il était là, même si son retrait échoue : cette ouverture de
     // l'assistant suit un redémarrage qu'il a demandé.
-    static bool annulerRelance();
+    [[nodiscard]] static bool annulerRelance();
 
     // Ouvre les Réglages à l'endroit où se gèrent les extensions. Un échec n'est pas rapporté.
     static void ouvrirReglagesExtensions();

@@ -46,7 +46,8 @@ void Actions::programmerRelance() {
 bool Actions::annulerRelance() {
     const bool programmee = plateforme::existe(agentRelance());
     if (programmee) {
-        plateforme::supprimer(agentRelance());
+        // Un refus ne change pas cette ouverture ; la suivante recommence.
+        static_cast<void>(plateforme::supprimer(agentRelance()));
     }
     return programmee;
 }

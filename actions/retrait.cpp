@@ -20,8 +20,10 @@ plateforme::Erreur ecrireScript(const std::string& script, const std::string& te
     if (plateforme::Erreur erreur = plateforme::creerDossiers(Actions::dossier())) {
         return erreur;
     }
-    // D'ordinaire il n'y a pas de résultat d'un retrait précédent.
-    plateforme::supprimer(Actions::fichierResultat());
+    // Celui d'un retrait précédent passerait pour le résultat de celui-ci.
+    if (plateforme::Erreur erreur = plateforme::supprimer(Actions::fichierResultat())) {
+        return erreur;
+    }
     if (plateforme::Erreur erreur = plateforme::ecrireAtomiquement(script, texte)) {
         return erreur;
     }

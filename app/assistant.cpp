@@ -96,6 +96,15 @@ void Assistant::page(const std::string& titre, const std::string& texte, const B
     poserBoutons(boutons, parDefaut.value_or(boutons.size() - 1));
 }
 
+void Assistant::repeter(double intervalle, std::function<void()> action) {
+    minuteur_ = std::make_unique<plateforme::Minuteur>(
+        intervalle, [faible = weak_from_this(), action = std::move(action)] {
+            if (const std::shared_ptr<Assistant> assistant = faible.lock()) {
+                action();
+            }
+        });
+}
+
 void Assistant::page2Boutons(const Boutons& boutons) {
     poserBoutons(boutons, boutons.size() - 1);
 }

@@ -5,11 +5,13 @@
 // passe sur le fil principal. L'assistant est créé au lancement et vit jusqu'à la fin du processus.
 #pragma once
 
+#include "app/navigation.hpp"
 #include "diagnostic/diagnostic.hpp"
 #include "dmx/test_dmx.hpp"
 #include "plateforme/boucle.hpp"
 #include "plateforme/vues.hpp"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,10 +34,12 @@ public:
     static std::string heureDemarrage();
 
 private:
+    using Message = void (Assistant::*)();
+
     // Le titre d'un bouton et le message qu'il envoie à l'assistant.
     struct DescriptionBouton {
         std::string titre;
-        void (Assistant::*action)();
+        Message action;
     };
 
     using Boutons = std::vector<DescriptionBouton>;
@@ -49,6 +53,8 @@ private:
     // dernier, répond à Retour.
     void page(const std::string& titre, const std::string& texte, const Boutons& boutons,
               std::optional<std::size_t> parDefaut = std::nullopt);
+    // Refait `action` toutes les `intervalle` secondes, jusqu'à la page suivante.
+    void repeter(double intervalle, std::function<void()> action);
     // Remplace les seuls boutons ; le dernier répond à Retour.
     void page2Boutons(const Boutons& boutons);
     void ligne(const std::string& icone, const std::string& texte);
@@ -63,11 +69,18 @@ private:
     void rangeeImages(const std::vector<Illustration>& images, double hauteur, double espacement);
 
     // Analyse et résultat (pages_analyse.cpp).
+    // Analyse le Mac en arrière-plan, puis passe à `suite` sur le fil principal. La suite d'une
+    // page quittée entre-temps est abandonnée : deux analyses qui finissent ensemble n'agissent
+    // qu'une fois.
+    void analyserPuis(std::function<void(const Diagnostic&)> suite);
     void analyser();
     void montrerResultat(const Diagnostic& resultat);
 
     // Navigation et page « Branchez l'émetteur » (pages_navigation.cpp).
     void suivante();
+    void continuerApres(Etape achevee, bool redemarrage);
+    static Message message(PageSuivante page);
+    void pageBrancher();
 
     // Retrait de l'ancien pilote (pages_retrait.cpp).
     void pageNettoyageAction();
@@ -118,7 +131,7 @@ private:
     std::unique_ptr<plateforme::Minuteur> minuteur_;
     const std::string cleRedemarrage_ = "redemarrageEnAttenteDepuisDemarrage";
     plateforme::Etiquette consigneLogiciel_;
-    // Compte les pages montrées : une vérification dont la page a été quittée se reconnaît à lui.
+    // Compte les pages montrées : une analyse dont la page a été quittée se reconnaît à lui.
     unsigned long pageCourante_ = 0;
-    int verificationsEnCours_ = 0; // de l'extension, chacune sur un fil d'arrière-plan
+    int analysesEnCours_ = 0; // chacune sur un fil d'arrière-plan
 };

@@ -12,7 +12,7 @@ struct Brute {
     const char* consigne;
 };
 
-constexpr std::array<Brute, 12> brute{{
+constexpr std::array<Brute, 12> kBrute{{
     {"Chataigne", "Chataigne gère les interfaces « Enttec OpenDMX » (liste des protocoles de "
                   "Chataigne). Ajoutez un module DMX, puis choisissez le type d'interface Open DMX "
                   "(Enttec OpenDMX)."},
@@ -65,7 +65,7 @@ constexpr const char* kAutre = "Autre logiciel";
 
 std::vector<Logiciels::Fiche> Logiciels::liste() {
     std::vector<Fiche> fiches;
-    for (const Brute& ligne : brute) {
+    for (const Brute& ligne : kBrute) {
         fiches.push_back({ligne.nom, ligne.consigne});
     }
     const auto autres = std::stable_partition(fiches.begin(), fiches.end(),

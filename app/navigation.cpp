@@ -1,7 +1,9 @@
 #include "app/navigation.hpp"
 
-PageSuivante pageSuivante(const Diagnostic& d, bool redemarrageEnAttente) {
-    if (redemarrageEnAttente) {
+namespace {
+
+PageSuivante apresUneAnalyse(const Diagnostic& d, bool redemarrage) {
+    if (redemarrage) {
         return PageSuivante::redemarrage;
     }
     if (d.nettoyageNecessaire()) {
@@ -11,4 +13,19 @@ PageSuivante pageSuivante(const Diagnostic& d, bool redemarrageEnAttente) {
         return PageSuivante::extension;
     }
     return d.emetteurs.empty() ? PageSuivante::brancher : PageSuivante::test;
+}
+
+// L'extension passe avant le redémarrage : il les achève tous les deux.
+PageSuivante apresUnChangement(const Diagnostic& d, bool redemarrage) {
+    if (d.desactivationDextNecessaire()) {
+        return PageSuivante::extension;
+    }
+    return redemarrage ? PageSuivante::redemarrage : PageSuivante::analyse;
+}
+
+} // namespace
+
+PageSuivante pageSuivante(Etape achevee, const Diagnostic& d, bool redemarrage) {
+    return achevee == Etape::analyse ? apresUneAnalyse(d, redemarrage)
+                                     : apresUnChangement(d, redemarrage);
 }

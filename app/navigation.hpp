@@ -3,6 +3,11 @@
 
 #include "diagnostic/diagnostic.hpp"
 
-enum class PageSuivante { redemarrage, retrait, extension, test, brancher };
+// Ce qui vient de s'achever : une analyse, ou un changement fait au Mac (le
+// retrait de l'ancien pilote, la désactivation de l'extension).
+enum class Etape { analyse, changement };
 
-PageSuivante pageSuivante(const Diagnostic& d, bool redemarrageEnAttente);
+enum class PageSuivante { analyse, brancher, extension, redemarrage, retrait, test };
+
+// `d` : le Mac tel que l'étape le laisse ; `redemarrage` : il reste à redémarrer.
+PageSuivante pageSuivante(Etape achevee, const Diagnostic& d, bool redemarrage);

@@ -10,8 +10,8 @@ namespace {
 constexpr double kHauteurImages = 230;
 constexpr double kEspacementImages = 12;
 constexpr double kIntervalle = 2.0; // s, entre deux vérifications
-constexpr int kVerificationsMax =
-    30; // aucun outil ordinaire, même lent, n'en laisse autant en route
+// Aucun outil ordinaire, même lent, n'en laisse autant en route.
+constexpr int kAnalysesMax = 30;
 
 } // namespace
 
@@ -33,11 +33,7 @@ void Assistant::pageDext() {
          {"03-extensions-gestionnaire-ftdi-desactive",
           "Étapes 3 et 4 : l'extension FTDIUSBSerialDextInstaller décochée, puis Terminé."}},
         kHauteurImages, kEspacementImages);
-    minuteur_ = std::make_unique<plateforme::Minuteur>(kIntervalle, [faible = weak_from_this()] {
-        if (const std::shared_ptr<Assistant> assistant = faible.lock()) {
-            assistant->verifierDext(true);
-        }
-    });
+    repeter(kIntervalle, [this] { verifierDext(true); });
 }
 
 void Assistant::ouvrirReglages() {
@@ -48,25 +44,14 @@ void Assistant::verifierDextBouton() {
     verifierDext(false);
 }
 
-// Les vérifications ne s'attendent pas l'une l'autre. Celle dont la page a été quittée entre-temps
-// est abandonnée : deux qui finissent ensemble n'agissent qu'une fois.
+// Les vérifications ne s'attendent pas l'une l'autre.
 void Assistant::verifierDext(bool silencieux) {
     // Un outil qui ne finit jamais en garderait une de plus toutes les deux secondes, pour
     // toujours.
-    if (verificationsEnCours_ == kVerificationsMax) {
-        return;
+    if (analysesEnCours_ < kAnalysesMax) {
+        analyserPuis(
+            [this, silencieux](const Diagnostic& d) { dextVerifie(d.dextFTDIActif, silencieux); });
     }
-    ++verificationsEnCours_;
-    plateforme::executerEnArrierePlan(
-        [assistant = shared_from_this(), silencieux, demandee = pageCourante_] {
-            const bool actif = Diagnostic::analyser().dextFTDIActif;
-            plateforme::executerSurPrincipal([assistant, actif, silencieux, demandee] {
-                --assistant->verificationsEnCours_;
-                if (assistant->pageCourante_ == demandee) {
-                    assistant->dextVerifie(actif, silencieux);
-                }
-            });
-        });
 }
 
 void Assistant::dextVerifie(bool actif, bool silencieux) {
@@ -81,9 +66,5 @@ void Assistant::dextVerifie(bool actif, bool silencieux) {
     Journal::shared().note("Pilote FTDI DriverKit désactivé par l'utilisateur");
     diagnostic_.dextFTDIActif = false;
     plateforme::activerApplication();
-    if (redemarrageEnAttente()) {
-        pageRedemarrage();
-    } else {
-        analyser();
-    }
+    continuerApres(Etape::changement, redemarrageEnAttente());
 }

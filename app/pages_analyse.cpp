@@ -5,11 +5,21 @@
 
 void Assistant::analyser() {
     page("Analyse en cours…", "L'assistant examine votre Mac. Cela prend quelques secondes.", {});
-    plateforme::executerEnArrierePlan([assistant = shared_from_this()] {
-        const Diagnostic resultat = Diagnostic::analyser();
-        plateforme::executerSurPrincipal(
-            [assistant, resultat] { assistant->montrerResultat(resultat); });
-    });
+    analyserPuis([this](const Diagnostic& resultat) { montrerResultat(resultat); });
+}
+
+void Assistant::analyserPuis(std::function<void(const Diagnostic&)> suite) {
+    ++analysesEnCours_;
+    plateforme::executerEnArrierePlan(
+        [assistant = shared_from_this(), suite = std::move(suite), demandee = pageCourante_] {
+            const Diagnostic resultat = Diagnostic::analyser();
+            plateforme::executerSurPrincipal([assistant, suite, resultat, demandee] {
+                --assistant->analysesEnCours_;
+                if (assistant->pageCourante_ == demandee) {
+                    suite(resultat);
+                }
+            });
+        });
 }
 
 void Assistant::montrerResultat(const Diagnostic& resultat) {

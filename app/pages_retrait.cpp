@@ -48,12 +48,7 @@ void Assistant::retirer() {
          "attend la fin de l'opération.",
          {{"Recommencer", &Assistant::retirer}});
     imagesRetrait();
-    minuteur_ = std::make_unique<plateforme::Minuteur>(
-        kIntervalle, [faible = weak_from_this(), debut = plateforme::secondes()] {
-            if (const std::shared_ptr<Assistant> assistant = faible.lock()) {
-                assistant->attendreResultat(debut);
-            }
-        });
+    repeter(kIntervalle, [this, debut = plateforme::secondes()] { attendreResultat(debut); });
 }
 
 void Assistant::attendreResultat(double debut) {
@@ -85,13 +80,7 @@ void Assistant::retraitReussi() {
     } else {
         diagnostic_.d2xxHelperCharge = false;
     }
-    if (diagnostic_.desactivationDextNecessaire()) {
-        pageDext();
-    } else if (redemarrageNecessaire) {
-        pageRedemarrage();
-    } else {
-        analyser();
-    }
+    continuerApres(Etape::changement, redemarrageNecessaire);
 }
 
 void Assistant::pageEchec() {

@@ -11,9 +11,7 @@ configure_file("${CMAKE_SOURCE_DIR}/paquet/Info.plist.in" "${CMAKE_BINARY_DIR}/I
 function(paquet_du_mac_simule programme bibliotheque)
   file(GLOB images CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/resources/*.png")
   set(contenu "${LUMIVIA_PAQUET}/Contents")
-  set_target_properties(${programme} PROPERTIES
-    OUTPUT_NAME "Assistant Lumivia"
-    RUNTIME_OUTPUT_DIRECTORY "${contenu}/MacOS")
+  set_target_properties(${programme} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${contenu}/MacOS")
   add_custom_target(paquet_simule ALL
     COMMAND ${CMAKE_COMMAND} -E make_directory "${contenu}/Resources" "${contenu}/Frameworks"
     COMMAND ${CMAKE_COMMAND} -E copy_if_different "${CMAKE_BINARY_DIR}/Info.plist" "${contenu}/"

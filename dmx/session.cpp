@@ -87,7 +87,7 @@ void TestDMX::configurer() {
 }
 
 void TestDMX::fermer() {
-    if (arreterLeFil() && handle_ != nullptr && lib_ != nullptr) {
+    if (arreterLeFil() && handle_ != nullptr) {
         if (const auto fermeture = fonction<FonctionPoignee>(lib_, "FT_Close")) {
             fermeture(handle_);
         }

@@ -35,7 +35,7 @@ public:
     // Charge la bibliothèque du paquet, ouvre le premier émetteur et règle sa ligne pour le DMX512.
     // Absent quand la session est ouverte (ou l'était déjà), sinon un message pour l'utilisateur ;
     // rappeler réessaie tout depuis le début.
-    std::optional<std::string> ouvrir();
+    [[nodiscard]] std::optional<std::string> ouvrir();
 
     // Fait de ce motif celui qui part à la trame suivante, et met le fil en route au premier appel.
     // La session est ouverte.
@@ -52,7 +52,7 @@ private:
     void fixerMotif(Motif motif);
     Motif motifCourant();
     // Faux quand il a fallu abandonner le fil.
-    bool arreterLeFil();
+    [[nodiscard]] bool arreterLeFil();
     // Le corps du fil des trames.
     void envoyerTrames(const FilDesTrames& fil);
 

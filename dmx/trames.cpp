@@ -63,9 +63,6 @@ void TestDMX::envoyer(Motif motif) {
 // de l'utilisateur devant son projecteur qui fait le verdict.
 void TestDMX::envoyerTrames(const FilDesTrames& fil) {
     using Consigne = FilDesTrames::Consigne;
-    if (fil.lib == nullptr) {
-        return;
-    }
     const FonctionsTrame ft(fil.lib);
     if (!ft.completes()) {
         return;

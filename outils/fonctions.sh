@@ -101,7 +101,7 @@ en_administrateur() {
     elif command -v sudo >/dev/null; then
         sudo "$@"
     else
-        echouer "il manque des paquets, et ni root ni sudo n'est disponible pour les installer."
+        echouer "il manque des paquets Debian, et ni root ni sudo n'est disponible pour les installer."
     fi
 }
 
@@ -124,10 +124,10 @@ paquets_manquants() {
     done < <(grep -vE '^[[:space:]]*(#|$)' "$1")
 }
 
-installer_paquets() { # liste
+installer_dependances() { # liste
     local manquants trace=$racine/construction/.apt attente=(-o DPkg::Lock::Timeout=600)
     [ -n "$(paquets_manquants "$1")" ] || return 0
-    reserver paquets
+    reserver dependances
     mapfile -t manquants < <(paquets_manquants "$1") # une autre commande a pu les installer
     if [ ${#manquants[@]} -gt 0 ]; then
         dire "Installation de ${#manquants[@]} paquet(s) Debian : ${manquants[*]}"

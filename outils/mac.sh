@@ -6,7 +6,7 @@
 
 # Crée le Mac du scénario, s'il n'existe pas encore, et y pose le paquet de l'assistant.
 preparer_mac() {
-    local scenario=$1 mac=$2 creer_mac=${construction:?}/mac_simule/racine/creer_mac paquet
+    local scenario=$1 mac=$2 creer_mac=$racine/mac_simule/racine/creer_mac paquet
     if [ -d "$mac/etat" ]; then
         "$creer_mac" --verifier "$mac" || exit 2
     else
@@ -14,7 +14,7 @@ preparer_mac() {
             echouer "le Mac simulé n'a pas pu être créé." 2
     fi
     paquet="$mac/Applications/Assistant Lumivia.app"
-    { rm -rf "$paquet" && cp -a "$construction/Assistant Lumivia.app" "$paquet"; } ||
+    { rm -rf "$paquet" && cp -a "${construction:?}/Assistant Lumivia.app" "$paquet"; } ||
         echouer "l'assistant ne peut pas être posé dans « $mac »."
     # Un scénario peut être celui d'un paquet abîmé.
     if [ -e "$mac/etat/bibliotheque_absente" ]; then
@@ -60,7 +60,13 @@ faire_vivre() {
     [ -n "${XDG_RUNTIME_DIR:-}" ] || export XDG_RUNTIME_DIR=${temporaire:?}
     "$construction/mac_simule/banc/banc" "$mac" &
     banc=$!
-    "$@" "$construction/mac_simule/racine/lanceur" "$mac" || statut=$?
+    # Dans une démonstration, Qt met le robot dans l'assistant ; le banc n'en a pas.
+    if [ -n "${LUMIVIA_DEMONSTRATION:-}" ]; then
+        QT_PLUGIN_PATH=$(realpath "$construction")/mac_simule/robot${QT_PLUGIN_PATH:+:$QT_PLUGIN_PATH}
+        LUMIVIA_GESTES=$(sed '/^#/d' "$racine/mac_simule/robot/demonstration.gestes")
+        export QT_QPA_GENERIC_PLUGINS=robot QT_PLUGIN_PATH LUMIVIA_GESTES
+    fi
+    "$@" "$racine/mac_simule/racine/lanceur" "$mac" || statut=$?
     kill "$banc" 2>/dev/null || true # il a pu être fermé avant
     wait "$banc" 2>/dev/null || true
     return "$statut"

@@ -12,9 +12,9 @@ struct Chargement {
 
 // Charge la bibliothèque en liant tous ses symboles tout de suite (RTLD_NOW). Le même chemin rend
 // la même bibliothèque ; rien ne la décharge avant la fin du processus.
-Chargement charger(const std::string& chemin);
+[[nodiscard]] Chargement charger(const std::string& chemin);
 
 // Adresse d'un symbole de la bibliothèque ; nulle quand il n'y est pas.
-void* symbole(void* bibliotheque, const char* nom);
+[[nodiscard]] void* symbole(void* bibliotheque, const char* nom);
 
 } // namespace plateforme

@@ -19,6 +19,6 @@ struct ListeSerialisee {
 
 // Sérialise le dictionnaire en UTF-8. Échoue quand un texte porte un caractère que XML ne sait pas
 // écrire. N'importe quel fil.
-ListeSerialisee serialiserListe(const DictionnairePropriete& dictionnaire);
+[[nodiscard]] ListeSerialisee serialiserListe(const DictionnairePropriete& dictionnaire);
 
 } // namespace plateforme

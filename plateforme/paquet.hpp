@@ -11,10 +11,11 @@ namespace plateforme {
 std::string cheminPaquet();
 
 // Chemin d'une ressource du paquet ; absent quand elle n'y est pas.
-std::optional<std::string> cheminRessource(const std::string& nom, const std::string& extension);
+[[nodiscard]] std::optional<std::string> cheminRessource(const std::string& nom,
+                                                         const std::string& extension);
 
 // Dossier des bibliothèques privées, sans barre finale ; absent quand le paquet n'en a pas.
-std::optional<std::string> cheminFrameworksPrives();
+[[nodiscard]] std::optional<std::string> cheminFrameworksPrives();
 
 struct ValeurInfo {
     enum class Genre { absente, texte, autre };

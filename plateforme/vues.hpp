@@ -71,7 +71,8 @@ class VueImage : public Vue {
 public:
     // Absente quand le fichier manque ou n'est pas une image. `description` est lue par les aides à
     // l'accessibilité.
-    static std::optional<VueImage> lire(const std::string& chemin, const std::string& description);
+    [[nodiscard]] static std::optional<VueImage> lire(const std::string& chemin,
+                                                      const std::string& description);
 
     TailleImage tailleImage() const;
     void imposerTaille(double largeur, double hauteur) const; // l'image garde ses proportions
@@ -84,7 +85,6 @@ class Pile : public Vue {
 public:
     explicit Pile(Orientation orientation);
 
-    void setOrientation(Orientation orientation) const; // avant d'y ajouter des vues
     void setEspacement(double espacement) const;
     void alignerAuDebut() const; // pile verticale : bords de tête
     void alignerEnHaut() const;  // pile horizontale : bords du haut

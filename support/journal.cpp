@@ -9,7 +9,10 @@ Journal& Journal::shared() {
 }
 
 Journal::Journal()
-    : fichier_(plateforme::dossierPersonnel() + "/Library/Logs/Assistant Lumivia.log") {}
+    : fichier_(plateforme::dossierPersonnel() + "/Library/Logs/Assistant Lumivia.log") {
+    // Un journal déjà créé ne l'est pas de nouveau : son temporaire ne partirait jamais.
+    plateforme::oterTemporaires(fichier_);
+}
 
 void Journal::note(const std::string& message) {
     const std::string horodatage = plateforme::horodatageLocal();

@@ -26,7 +26,7 @@ public:
 private:
     Journal();
     void ecrire(const std::string& ligne);
-    bool ajouterAuFichier(const std::string& ligne) const;
+    [[nodiscard]] bool ajouterAuFichier(const std::string& ligne) const;
 
     std::vector<std::string> lignes_;
     bool peutEtreCoupe_ = true; // le fichier, par une fin brutale ou un disque plein

@@ -4,67 +4,49 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 
+#include <array>
+
 namespace banc {
 
 namespace {
 
-struct Apparence {
-    Couleurs couleurs;
-    QColor fenetre;
-};
+// La teinte claire, puis la sombre, dans l'ordre de l'énumération. Texte discret : contraste d'au
+// moins 4,5 sur la carte et sur la fenêtre.
+constexpr std::array<std::array<const char*, 2>, 10> kTeintes{{
+    {"#f1f1f3", "#242426"}, // fenêtre
+    {"#ffffff", "#303033"}, // carte
+    {"#dcdce0", "#454549"}, // bord
+    {"#1d1d1f", "#f4f4f5"}, // texte
+    {"#62626a", "#b0b0b6"}, // discret
+    {"#0a66d8", "#3d8bf2"}, // accent
+    {"#8e8e96", "#83838b"}, // repos : interrupteur coupé
+    {"#1d7a3c", "#56c67c"}, // bon
+    {"#b3341f", "#ff8a75"}, // mauvais
+    {"#16171c", "#101114"}, // scène : le fond sur lequel le projecteur éclaire
+}};
 
-// Texte discret : contraste d'au moins 4,5 sur la carte et sur la fenêtre.
-const Apparence& claire() {
-    static const Apparence apparence{.couleurs = {.carte = "#ffffff",
-                                                  .bord = "#dcdce0",
-                                                  .texte = "#1d1d1f",
-                                                  .discret = "#62626a",
-                                                  .accent = "#0a66d8",
-                                                  .repos = "#8e8e96",
-                                                  .bon = "#1d7a3c",
-                                                  .mauvais = "#b3341f",
-                                                  .scene = "#16171c"},
-                                     .fenetre = "#f1f1f3"};
-    return apparence;
-}
-
-const Apparence& sombre() {
-    static const Apparence apparence{.couleurs = {.carte = "#303033",
-                                                  .bord = "#454549",
-                                                  .texte = "#f4f4f5",
-                                                  .discret = "#b0b0b6",
-                                                  .accent = "#3d8bf2",
-                                                  .repos = "#83838b",
-                                                  .bon = "#56c67c",
-                                                  .mauvais = "#ff8a75",
-                                                  .scene = "#101114"},
-                                     .fenetre = "#242426"};
-    return apparence;
-}
-
-bool estSombre(const QPalette& palette) {
-    return palette.color(QPalette::Window).lightness() < 128;
+bool estSombre() {
+    return QApplication::palette().color(QPalette::Window).lightness() < 128;
 }
 
 } // namespace
 
-const Couleurs& couleurs() {
-    return (estSombre(QApplication::palette()) ? sombre() : claire()).couleurs;
+QColor couleur(Teinte teinte) {
+    return {kTeintes[static_cast<std::size_t>(teinte)][estSombre() ? 1 : 0]};
 }
 
 void habiller() {
-    const QString voulue = qEnvironmentVariable("LUMIVIA_APPARENCE");
-    const bool enSombre =
-        voulue.isEmpty() ? estSombre(QApplication::palette()) : voulue == "sombre";
-    const Apparence& apparence = enSombre ? sombre() : claire();
-    const Couleurs& teintes = apparence.couleurs;
     QApplication::setStyle("Fusion");
-    QPalette palette(teintes.carte, apparence.fenetre);
-    palette.setColor(QPalette::Base, teintes.carte);
-    palette.setColor(QPalette::Highlight, teintes.accent);
+    if (const QString voulue = qEnvironmentVariable("LUMIVIA_APPARENCE"); !voulue.isEmpty()) {
+        // Cette palette dit de quel côté sont les teintes ; la leur vient aussitôt après.
+        QApplication::setPalette(voulue == "sombre" ? Qt::black : Qt::white);
+    }
+    QPalette palette(couleur(Teinte::carte), couleur(Teinte::fenetre));
+    palette.setColor(QPalette::Base, couleur(Teinte::carte));
+    palette.setColor(QPalette::Highlight, couleur(Teinte::accent));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-        palette.setColor(role, teintes.texte);
-        palette.setColor(QPalette::Disabled, role, teintes.discret);
+        palette.setColor(role, couleur(Teinte::texte));
+        palette.setColor(QPalette::Disabled, role, couleur(Teinte::discret));
     }
     QApplication::setPalette(palette);
     QFont police;
@@ -81,13 +63,17 @@ QLabel* etiquette(Ton ton, const QString& texte) {
         police.setPixelSize(15);
         police.setWeight(QFont::DemiBold);
     } else if (ton == Ton::discret) {
-        QPalette palette = label->palette();
-        palette.setColor(QPalette::WindowText, couleurs().discret);
-        label->setPalette(palette);
+        colorer(label, couleur(Teinte::discret));
         police.setPixelSize(12);
     }
     label->setFont(police);
     return label;
+}
+
+void colorer(QLabel* label, const QColor& couleur) {
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, couleur);
+    label->setPalette(palette);
 }
 
 } // namespace banc

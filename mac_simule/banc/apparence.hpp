@@ -2,32 +2,21 @@
 #pragma once
 
 #include <QtGui/QColor>
-#include <QtGui/QFont>
 
 class QLabel;
 class QString;
 
 namespace banc {
 
-struct Couleurs {
-    QColor carte;
-    QColor bord;
-    QColor texte;
-    QColor discret;
-    QColor accent;
-    QColor repos; // interrupteur coupé
-    QColor bon;
-    QColor mauvais;
-    QColor scene; // fond sur lequel le projecteur éclaire
-};
+enum class Teinte { fenetre, carte, bord, texte, discret, accent, repos, bon, mauvais, scene };
+QColor couleur(Teinte teinte);
 
 // Style, police et palette de toute l'application. LUMIVIA_APPARENCE (clair, sombre) l'emporte sur
 // le bureau.
 void habiller();
 
-const Couleurs& couleurs();
-
 enum class Ton { titre, courant, discret };
 QLabel* etiquette(Ton ton, const QString& texte = {});
+void colorer(QLabel* label, const QColor& couleur);
 
 } // namespace banc

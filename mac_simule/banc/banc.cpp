@@ -1,27 +1,15 @@
 #include "mac_simule/banc/banc.hpp"
 
-#include "mac_simule/banc/panneau_emetteur.hpp"
-#include "mac_simule/banc/panneau_mac.hpp"
-#include "mac_simule/banc/panneau_projecteur.hpp"
-#include "mac_simule/banc/panneau_reglages.hpp"
+#include "mac_simule/banc/panneaux.hpp"
 
-#include <QtCore/QSaveFile>
 #include <QtCore/QTimer>
-#include <QtGui/QPixmap>
-#include <QtWidgets/QVBoxLayout>
-
-#include <chrono>
 
 namespace banc {
 
-namespace {
-const QString demande = "demonstration/portrait_demande";
-} // namespace
-
-Banc::Banc(const QString& dossier)
-    : racine_(dossier), projecteur_(new PanneauProjecteur(racine_)),
-      panneaux_{projecteur_, new PanneauEmetteur(racine_), new PanneauReglages(racine_),
-                new PanneauMac(racine_)} {
+Banc::Banc(const std::string& racine)
+    : mac_(racine), projecteur_(new PanneauProjecteur(mac_)),
+      panneaux_{projecteur_, new PanneauPorts(mac_), new PanneauReglages(mac_),
+                new PanneauMac(mac_)} {
     using namespace std::chrono_literals;
     setWindowTitle("Mac simulé");
     setFixedWidth(440);
@@ -53,7 +41,7 @@ void Banc::suivre() {
 }
 
 void Banc::relireTout() {
-    if (!racine_.existe()) {
+    if (!mac_.existe()) {
         close();
         return;
     }
@@ -65,17 +53,17 @@ void Banc::relireTout() {
 }
 
 void Banc::repondreAuPortrait() {
-    const QString chemin = racine_.lire(demande).trimmed();
+    const std::string demande = "demonstration/portrait_demande";
+    const QString chemin = QString::fromStdString(mac_.texte(demande)).trimmed();
     if (chemin.isEmpty()) {
         return;
     }
     relireTout();
-    QSaveFile image(chemin);
-    if (!image.open(QSaveFile::WriteOnly) || !grab().save(&image, "PNG") || !image.commit()) {
+    if (!grab().save(chemin, "PNG")) {
         qWarning("L'image du banc n'a pas pu être écrite dans « %s ».", qUtf8Printable(chemin));
     }
     // Retirée même sans image : celui qui attend verra qu'elle manque.
-    racine_.retirer(demande);
+    static_cast<void>(mac_.retirer(demande));
 }
 
 } // namespace banc

@@ -5,7 +5,7 @@
 // au chemin qu'il contient, puis retire la demande. Fil principal.
 #pragma once
 
-#include "mac_simule/banc/racine.hpp"
+#include "mac_simule/faits/faits.hpp"
 
 #include <QtWidgets/QMainWindow>
 
@@ -15,14 +15,14 @@ class Panneau;
 
 class Banc : public QMainWindow {
 public:
-    explicit Banc(const QString& dossier);
+    explicit Banc(const std::string& racine);
 
 private:
     void suivre();
     void relireTout();
     void repondreAuPortrait();
 
-    Racine racine_;
+    faits::Mac mac_;
     Panneau* projecteur_;
     QList<Panneau*> panneaux_;
 };

@@ -9,13 +9,8 @@ class Interrupteur : public QAbstractButton {
 public:
     explicit Interrupteur(const QString& libelle);
 
-    [[nodiscard]] QSize sizeHint() const override;
-
 protected:
     void paintEvent(QPaintEvent* evenement) override;
-
-private:
-    void peindreBascule(QPainter& peintre, const QRectF& cadre) const;
 };
 
 } // namespace banc

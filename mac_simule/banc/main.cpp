@@ -19,8 +19,8 @@ void ecouterLaFin(QApplication& application) {
     for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
         sigaddset(&signaux, signal);
     }
-    sigprocmask(SIG_BLOCK, &signaux, nullptr);
-    auto* ecoute = new QSocketNotifier(signalfd(-1, &signaux, SFD_CLOEXEC), QSocketNotifier::Read,
+    ::sigprocmask(SIG_BLOCK, &signaux, nullptr);
+    auto* ecoute = new QSocketNotifier(::signalfd(-1, &signaux, SFD_CLOEXEC), QSocketNotifier::Read,
                                        &application);
     QObject::connect(ecoute, &QSocketNotifier::activated, &application, &QApplication::quit);
 }
@@ -28,14 +28,14 @@ void ecouterLaFin(QApplication& application) {
 } // namespace
 
 int main(int nombre, char** arguments) {
-    if (nombre != 2 || !banc::Racine(QString::fromLocal8Bit(arguments[1])).existe()) {
+    if (nombre != 2 || !faits::Mac(arguments[1]).existe()) {
         std::fputs("usage : banc RACINE (le dossier d'un Mac simulé)\n", stderr);
         return 2;
     }
     QApplication application(nombre, arguments);
     ecouterLaFin(application);
     banc::habiller();
-    banc::Banc fenetre(QString::fromLocal8Bit(arguments[1]));
+    banc::Banc fenetre(arguments[1]);
     fenetre.show();
     return QApplication::exec();
 }

@@ -1,27 +1,20 @@
-#include "mac_simule/banc/panneau.hpp"
-
-#include "mac_simule/banc/apparence.hpp"
-
-#include <QtGui/QPainter>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QVBoxLayout>
+#include "mac_simule/banc/panneaux.hpp"
 
 namespace banc {
 
-Panneau::Panneau(const QString& titre, Racine racine)
-    : racine_(std::move(racine)), colonne_(new QVBoxLayout(this)) {
-    colonne_->setContentsMargins(16, 12, 16, 14);
+Panneau::Panneau(const QString& titre, faits::Mac mac)
+    : colonne_(new QVBoxLayout(this)), mac_(std::move(mac)) {
+    colonne_->setContentsMargins(15, 11, 15, 13); // sans le bord
     colonne_->setSpacing(8);
-    colonne_->addWidget(etiquette(Ton::titre, titre));
+    ajouter(etiquette(Ton::titre, titre));
+    setObjectName("carte");
+    setStyleSheet(QString("#carte { background: %1; border: 1px solid %2; border-radius: 10px; }")
+                      .arg(couleur(Teinte::carte).name(), couleur(Teinte::bord).name()));
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
-void Panneau::paintEvent(QPaintEvent* /*evenement*/) {
-    QPainter peintre(this);
-    peintre.setRenderHint(QPainter::Antialiasing);
-    peintre.setPen(couleurs().bord);
-    peintre.setBrush(couleurs().carte);
-    peintre.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
+QString Panneau::fait(const std::string& nom) const {
+    return QString::fromStdString(mac_.texte(nom)).trimmed();
 }
 
 } // namespace banc

@@ -1,12 +1,8 @@
-#include "mac_simule/banc/panneau_mac.hpp"
-
-#include "mac_simule/banc/apparence.hpp"
+#include "mac_simule/banc/panneaux.hpp"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QLocale>
 #include <QtCore/QRegularExpression>
-#include <QtWidgets/QLabel>
-#include <QtWidgets/QVBoxLayout>
 
 namespace banc {
 
@@ -35,17 +31,11 @@ QString extensionsChargees(const QString& fait) {
 
 } // namespace
 
-PanneauMac::PanneauMac(const Racine& racine)
-    : Panneau("Ce Mac", racine), identite_(etiquette(Ton::courant)),
-      demarrage_(etiquette(Ton::discret)), extensions_(etiquette(Ton::discret)) {
-    colonne()->setSpacing(4);
-    colonne()->addWidget(identite_);
-    colonne()->addWidget(demarrage_);
-    colonne()->addWidget(extensions_);
+PanneauMac::PanneauMac(const faits::Mac& mac) : Panneau("Ce Mac", mac) {
+    colonne_->setSpacing(4);
 }
 
 void PanneauMac::relire() {
-    const auto fait = [this](const QString& nom) { return racine().lire(nom).trimmed(); };
     identite_->setText(
         QString("%1, puce %2, macOS %3")
             .arg(fait("modele"), fait("puce") == "intel" ? "Intel" : "Apple", fait("version")));

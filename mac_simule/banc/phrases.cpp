@@ -2,11 +2,13 @@
 
 #include <QtCore/QLocale>
 
+#include <array>
+
 namespace banc {
 
 namespace {
 
-constexpr d2xx::Nanosecondes perte = d2xx::microsecondes(1'000'000);
+constexpr d2xx::Nanosecondes kPerte = d2xx::microsecondes(1'000'000);
 
 const QLocale& francais() {
     static const QLocale locale(QLocale::French, QLocale::France);
@@ -19,7 +21,7 @@ QString pourCent(unsigned niveau) {
 
 QString lumiere(const d2xx::Reception& reception) {
     if (reception.niveauMin != reception.niveauMax) {
-        return QString("Circuits de %1 à %2")
+        return QString("Canaux de %1 à %2")
             .arg(pourCent(reception.niveauMin), pourCent(reception.niveauMax));
     }
     switch (reception.niveauMax) {
@@ -33,51 +35,42 @@ QString lumiere(const d2xx::Reception& reception) {
 }
 
 QString cadence(const d2xx::Reception& reception) {
-    const QString recues = francais().toString(static_cast<qulonglong>(reception.trames));
     return QString("%1 trames par seconde, %2 reçues")
-        .arg(francais().toString(reception.milliTramesParSeconde / 1000.0, 'f', 1), recues);
+        .arg(francais().toString(reception.milliTramesParSeconde / 1000.0, 'f', 1),
+             francais().toString(static_cast<qulonglong>(reception.trames)));
+}
+
+// La limite enfreinte, en une phrase, dans l'ordre des verdicts ; vide pour un signal correct.
+QString defaut(d2xx::Verdict verdict) {
+    static const std::array<const char*, 10> phrases{
+        "",
+        "la ligne n'est pas réglée pour le DMX (250\u202f000 bauds, 8 bits, 2 bits d'arrêt)",
+        "BREAK trop court, moins de 88 µs",
+        "marque après BREAK trop courte, moins de 8 µs",
+        "trame coupée par la suivante",
+        "trame qui n'a pas ses 513 créneaux",
+        "code de départ différent de 0",
+        "plus d'une seconde entre deux trames",
+        "BREAK lisible, mais sous les 92 µs demandées à un émetteur",
+        "marque lisible, mais sous les 12 µs demandées à un émetteur",
+    };
+    return phrases.at(static_cast<std::size_t>(verdict));
 }
 
 } // namespace
-
-QString defaut(d2xx::Verdict verdict) {
-    switch (verdict) {
-    case d2xx::Verdict::correct:
-        return {};
-    case d2xx::Verdict::ligneMalReglee:
-        return "la ligne n'est pas réglée pour le DMX (250\u202f000 bauds, 8 bits, 2 bits d'arrêt)";
-    case d2xx::Verdict::ruptureCourte:
-        return "rupture trop courte, moins de 88 µs";
-    case d2xx::Verdict::marqueCourte:
-        return "marque après rupture trop courte, moins de 8 µs";
-    case d2xx::Verdict::trameCoupee:
-        return "trame coupée par la suivante";
-    case d2xx::Verdict::nombreDeCreneaux:
-        return "trame qui n'a pas ses 513 créneaux";
-    case d2xx::Verdict::codeDepart:
-        return "code de départ différent de 0";
-    case d2xx::Verdict::rupturesEspacees:
-        return "plus d'une seconde entre deux trames";
-    case d2xx::Verdict::ruptureEmetteur:
-        return "rupture lisible, mais sous les 92 µs demandées à un émetteur";
-    case d2xx::Verdict::marqueEmetteur:
-        return "marque lisible, mais sous les 12 µs demandées à un émetteur";
-    }
-    return {};
-}
 
 Constat constater(const std::optional<d2xx::Reception>& reception, d2xx::Nanosecondes maintenant) {
     Constat constat;
     constat.lumiere = "Aucun signal";
     constat.reception = "Le projecteur attend des trames DMX.";
-    if (!reception || reception->trames == 0 || maintenant - reception->derniereTrame > perte) {
+    if (!reception || reception->trames == 0 || maintenant - reception->derniereTrame > kPerte) {
         return constat;
     }
     const QString faute = defaut(reception->verdict);
     constat.signal = faute.isEmpty() ? Constat::Signal::correct : Constat::Signal::fautif;
     constat.diagnostic = faute.isEmpty() ? "Signal correct" : "Signal fautif : " + faute;
     constat.reception = cadence(*reception);
-    if (reception->derniereComprise == 0 || maintenant - reception->derniereComprise > perte) {
+    if (reception->derniereComprise == 0 || maintenant - reception->derniereComprise > kPerte) {
         constat.lumiere = "Signal illisible";
     } else {
         constat.lumiere = lumiere(*reception);

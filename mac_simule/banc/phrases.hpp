@@ -20,7 +20,4 @@ struct Constat {
 // Au-delà d'une seconde sans trame, un récepteur tient le signal pour perdu.
 Constat constater(const std::optional<d2xx::Reception>& reception, d2xx::Nanosecondes maintenant);
 
-// La limite enfreinte, en une phrase ; vide pour un signal correct.
-QString defaut(d2xx::Verdict verdict);
-
 } // namespace banc

@@ -10,21 +10,14 @@ namespace banc {
 namespace {
 
 // Le dessin est fait dans un repère de 400 × 200, la lentille au point d'où part le faisceau.
-constexpr QSizeF repere{400, 200};
-constexpr QPointF lentille{200, 66};
-constexpr QPointF piste{200, 172};
+constexpr QSizeF kRepere{400, 200};
+constexpr QPointF kLentille{200, 66};
+constexpr QPointF kPiste{200, 172};
 
 QColor lumiere(double niveau, double opacite) {
     QColor teinte(255, 232, 178);
     teinte.setAlphaF(static_cast<float>(niveau * opacite));
     return teinte;
-}
-
-QColor melanger(const QColor& a, const QColor& b, double part) {
-    const auto mele = [part](int de, int vers) {
-        return static_cast<int>(de + (vers - de) * part);
-    };
-    return {mele(a.red(), b.red()), mele(a.green(), b.green()), mele(a.blue(), b.blue())};
 }
 
 } // namespace
@@ -47,9 +40,9 @@ void VueProjecteur::paintEvent(QPaintEvent* /*evenement*/) {
     QPainterPath scene;
     scene.addRoundedRect(rect(), 8, 8);
     peintre.setClipPath(scene);
-    peintre.fillRect(rect(), couleurs().scene);
-    const double echelle = height() / repere.height();
-    peintre.translate((width() - repere.width() * echelle) / 2, 0);
+    peintre.fillRect(rect(), couleur(Teinte::scene));
+    const double echelle = height() / kRepere.height();
+    peintre.translate((width() - kRepere.width() * echelle) / 2, 0);
     peintre.scale(echelle, echelle);
     peindreFaisceau(peintre);
     peindreLanterne(peintre);
@@ -57,37 +50,37 @@ void VueProjecteur::paintEvent(QPaintEvent* /*evenement*/) {
 
 void VueProjecteur::peindreFaisceau(QPainter& peintre) const {
     peintre.setPen(Qt::NoPen);
-    QRadialGradient tache(piste, 120);
+    QRadialGradient tache(kPiste, 120);
     tache.setColorAt(0, lumiere(niveau_, 0.95));
     tache.setColorAt(0.6, lumiere(niveau_, 0.55));
     tache.setColorAt(1, lumiere(niveau_, 0));
     peintre.setBrush(tache);
-    peintre.drawEllipse(piste, 118, 22);
+    peintre.drawEllipse(kPiste, 118, 22);
 
-    QPainterPath faisceau(lentille - QPointF(20, 0));
-    faisceau.lineTo(lentille + QPointF(20, 0));
-    faisceau.lineTo(piste + QPointF(112, 0));
-    faisceau.quadTo(piste + QPointF(0, 34), piste - QPointF(112, 0));
+    QPainterPath faisceau(kLentille - QPointF(20, 0));
+    faisceau.lineTo(kLentille + QPointF(20, 0));
+    faisceau.lineTo(kPiste + QPointF(112, 0));
+    faisceau.quadTo(kPiste + QPointF(0, 34), kPiste - QPointF(112, 0));
     faisceau.closeSubpath();
-    QLinearGradient degrade(lentille, piste);
+    QLinearGradient degrade(kLentille, kPiste);
     degrade.setColorAt(0, lumiere(niveau_, 0.85));
     degrade.setColorAt(1, lumiere(niveau_, 0.12));
     peintre.setBrush(degrade);
     peintre.drawPath(faisceau);
 
-    QRadialGradient halo(lentille, 150);
+    QRadialGradient halo(kLentille, 150);
     halo.setColorAt(0, lumiere(niveau_, 0.5));
     halo.setColorAt(1, lumiere(niveau_, 0));
     peintre.setBrush(halo);
-    peintre.drawEllipse(lentille, 150, 150);
+    peintre.drawEllipse(kLentille, 150, 150);
 }
 
 void VueProjecteur::peindreLanterne(QPainter& peintre) const {
     const QColor metal("#565963");
     peintre.setPen(Qt::NoPen);
     peintre.setBrush(QColor("#3c3e46"));
-    peintre.drawRect(QRectF(0, 8, repere.width(), 5)); // le pont d'accroche
-    peintre.drawRect(QRectF(194, 6, 12, 14));          // le crochet
+    peintre.drawRect(QRectF(0, 8, kRepere.width(), 5)); // le pont d'accroche
+    peintre.drawRect(QRectF(194, 6, 12, 14));           // le crochet
     peintre.setPen(QPen(QColor("#6a6d77"), 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     peintre.setBrush(Qt::NoBrush);
     peintre.drawPolyline(QPolygonF{{{168, 44}, {168, 20}, {232, 20}, {232, 44}}}); // la lyre
@@ -95,8 +88,11 @@ void VueProjecteur::peindreLanterne(QPainter& peintre) const {
     peintre.setBrush(metal);
     peintre.drawRoundedRect(QRectF(174, 26, 52, 34), 7, 7);
     peintre.drawPolygon(QPolygonF{{{176, 54}, {224, 54}, {230, 66}, {170, 66}}});
-    peintre.setBrush(melanger(QColor("#26272c"), QColor("#fffaf0"), niveau_));
-    peintre.drawEllipse(lentille, 27, 6);
+    const auto eclairee = [this](int eteinte, int allumee) {
+        return static_cast<int>(eteinte + (allumee - eteinte) * niveau_);
+    };
+    peintre.setBrush(QColor(eclairee(38, 255), eclairee(39, 250), eclairee(44, 240)));
+    peintre.drawEllipse(kLentille, 27, 6);
 }
 
 } // namespace banc

@@ -1,9 +1,9 @@
 // Guette le débranchement d'un émetteur : le départ de son fichier de etat/usb.
 //
-// Un fil à lui dort jusqu'à un changement du dossier ; le fil d'envoi ne lit qu'un booléen. Un
+// Un fil à lui dort jusqu'à ce que le fichier s'en aille ; le fil d'envoi ne lit qu'un booléen. Un
 // départ est définitif : l'émetteur rebranché est un autre périphérique. Détruire le guetteur
 // arrête son fil et l'attend ; s'il vit encore à la fin du processus, on ne le détruit pas. Le
-// créer lance une exception quand il ne reste ni descripteur ni fil.
+// créer lance une exception quand il ne reste plus de fil.
 #pragma once
 
 #include <atomic>
@@ -16,21 +16,19 @@ class Guetteur {
 public:
     explicit Guetteur(std::string fichier);
     ~Guetteur();
-    Guetteur(const Guetteur&) = delete;
-    Guetteur& operator=(const Guetteur&) = delete;
 
     // N'importe quel fil, sans appel système.
     [[nodiscard]] bool parti() const { return parti_.load(std::memory_order_relaxed); }
 
 private:
     void guetter();
-    bool lireChangements();
 
     std::string fichier_;
-    int changements_;
-    int arret_;
+    int avis_;
+    int depart_; // négatif : personne ne préviendra
     std::atomic<bool> parti_ = false;
-    std::thread fil_;
+    std::atomic<bool> fini_ = false;
+    std::thread fil_; // le dernier : il se sert des autres
 };
 
 } // namespace d2xx

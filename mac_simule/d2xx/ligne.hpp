@@ -1,7 +1,9 @@
 // La ligne série entre la puce et le projecteur : le temps et les réglages.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <thread>
 
 namespace d2xx {
 
@@ -9,6 +11,15 @@ using Nanosecondes = std::int64_t; // instant de CLOCK_MONOTONIC, ou durée
 
 constexpr Nanosecondes microsecondes(std::int64_t nombre) {
     return nombre * 1000;
+}
+
+inline Nanosecondes maintenant() {
+    return std::chrono::nanoseconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// Dort jusqu'à cet instant ; revient aussitôt, sans appel système, quand il est passé.
+inline void attendre(Nanosecondes instant) {
+    std::this_thread::sleep_for(std::chrono::nanoseconds(instant - maintenant()));
 }
 
 // Réglages de la ligne, avec les codes de D2XX. Les valeurs de départ sont celles d'une puce que

@@ -1,96 +1,72 @@
 #include "mac_simule/d2xx/recepteur.hpp"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace d2xx {
 
-namespace {
-constexpr std::size_t creneauxAttendus = 513;
-constexpr Nanosecondes ruptureRecepteur = microsecondes(88);
-constexpr Nanosecondes ruptureEmetteur = microsecondes(92);
-constexpr Nanosecondes marqueRecepteur = microsecondes(8);
-constexpr Nanosecondes marqueEmetteur = microsecondes(12);
-constexpr Nanosecondes intervalleMaximal = microsecondes(1'000'000);
-} // namespace
-
 Verdict Trame::verdict() const {
-    if (!ligneDmx) {
-        return Verdict::ligneMalReglee;
-    }
-    if (rupture < ruptureRecepteur) {
-        return Verdict::ruptureCourte;
-    }
-    if (creneaux > 0 && marque < marqueRecepteur) {
-        return Verdict::marqueCourte;
-    }
-    if (coupee) {
-        return Verdict::trameCoupee;
-    }
-    if (creneaux != creneauxAttendus) {
-        return Verdict::nombreDeCreneaux;
-    }
-    if (codeDepart != 0) {
-        return Verdict::codeDepart;
-    }
-    if (intervalle > intervalleMaximal) {
-        return Verdict::rupturesEspacees;
-    }
-    if (rupture < ruptureEmetteur) {
-        return Verdict::ruptureEmetteur;
-    }
-    return marque < marqueEmetteur ? Verdict::marqueEmetteur : Verdict::correct;
+    const std::array<std::pair<bool, Verdict>, 9> defauts{{
+        {!ligneDmx, Verdict::ligneMalReglee},
+        {dureeBreak < microsecondes(88), Verdict::breakCourt},
+        {creneaux > 0 && marque < microsecondes(8), Verdict::marqueCourte},
+        {coupee, Verdict::trameCoupee},
+        {creneaux != 513, Verdict::nombreDeCreneaux},
+        {codeDepart != 0, Verdict::codeDepart},
+        {intervalle > microsecondes(1'000'000), Verdict::breaksEspaces},
+        {dureeBreak < microsecondes(92), Verdict::breakEmetteur},
+        {marque < microsecondes(12), Verdict::marqueEmetteur},
+    }};
+    const auto* const premier = std::ranges::find(defauts, true, &std::pair<bool, Verdict>::first);
+    return premier == defauts.end() ? Verdict::correct : premier->second;
 }
 
-std::optional<Trame> Recepteur::rupture(Nanosecondes instant) {
-    if (enRupture_) {
+std::optional<Trame> Recepteur::commencerBreak(Nanosecondes instant) {
+    if (enBreak_) {
         return std::nullopt;
     }
-    const std::optional<Trame> finie = terminer(instant);
+    const std::optional<Trame> finie = fin(instant);
     trame_.emplace();
     trame_->debut = instant;
-    trame_->intervalle = instant - rupturePrecedente_.value_or(instant);
-    rupturePrecedente_ = instant;
-    enRupture_ = true;
+    trame_->intervalle = instant - breakPrecedent_.value_or(instant);
+    breakPrecedent_ = instant;
+    enBreak_ = true;
     return finie;
 }
 
-void Recepteur::marque(Nanosecondes instant) {
-    if (enRupture_) {
-        trame_->rupture = instant - trame_->debut;
-        enRupture_ = false;
+void Recepteur::finirBreak(Nanosecondes instant) {
+    if (enBreak_) {
+        trame_->dureeBreak = instant - trame_->debut;
+        enBreak_ = false;
     }
 }
 
 void Recepteur::octets(Nanosecondes premier, const Ligne& ligne,
                        std::span<const std::uint8_t> creneaux) {
-    // Sans rupture avant eux, des octets ne sont pas une trame.
-    if (!trame_ || enRupture_ || creneaux.empty()) {
+    // Sans BREAK avant eux, des octets ne sont pas une trame.
+    if (!trame_ || enBreak_ || creneaux.empty()) {
         return;
     }
     Trame& trame = *trame_;
     trame.ligneDmx = trame.ligneDmx && ligne.estDmx();
     trame.fin = premier + static_cast<Nanosecondes>(creneaux.size()) * ligne.creneau();
-    std::span<const std::uint8_t> circuits = creneaux;
+    std::span<const std::uint8_t> canaux = creneaux;
     if (trame.creneaux == 0) {
-        trame.marque = premier - (trame.debut + trame.rupture);
+        trame.marque = premier - (trame.debut + trame.dureeBreak);
         trame.codeDepart = creneaux.front();
-        circuits = creneaux.subspan(1);
+        canaux = creneaux.subspan(1);
     }
     trame.creneaux += creneaux.size();
-    for (const std::uint8_t niveau : circuits) {
+    for (const std::uint8_t niveau : canaux) {
         trame.niveauMin = std::min(trame.niveauMin, niveau);
         trame.niveauMax = std::max(trame.niveauMax, niveau);
     }
 }
 
 std::optional<Trame> Recepteur::fin(Nanosecondes instant) {
-    enRupture_ = false;
-    return terminer(instant);
-}
-
-std::optional<Trame> Recepteur::terminer(Nanosecondes instant) {
-    std::optional<Trame> finie = trame_;
-    trame_.reset();
+    enBreak_ = false;
+    std::optional<Trame> finie = std::exchange(trame_, std::nullopt);
     if (finie) {
         finie->coupee = instant < finie->fin;
     }

@@ -1,70 +1,38 @@
 #include "mac_simule/d2xx/reception.hpp"
 
-#include <bit>
-
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <algorithm>
 
 namespace d2xx {
 
-// Chaque mot est rendu (release) puis acquis : un lecteur qui voit un mot de la nouvelle écriture
-// voit aussi le numéro impair qui la précède, et recommence.
-void ReceptionPartagee::publier(const Reception& reception) {
-    const auto mots = std::bit_cast<Mots>(reception);
-    const std::uint64_t sequence = sequence_.load(std::memory_order_relaxed) | 1;
-    sequence_.store(sequence, std::memory_order_relaxed);
-    for (std::size_t i = 0; i < mots.size(); ++i) {
-        mots_[i].store(mots[i], std::memory_order_release);
+void Compteur::compter(const Trame& trame) {
+    const Verdict verdict = trame.verdict();
+    mesurerCadence(trame);
+    ++bilan_.trames;
+    bilan_.derniereTrame = std::max(trame.fin, trame.debut);
+    bilan_.verdict = verdict;
+    if (verdict == Verdict::correct) {
+        ++bilan_.correctes;
     }
-    sequence_.store(sequence + 1, std::memory_order_release);
-    version_.store(marqueDeVersion, std::memory_order_release);
+    if (comprise(verdict)) {
+        bilan_.derniereComprise = trame.fin;
+        bilan_.niveauMin = trame.niveauMin;
+        bilan_.niveauMax = trame.niveauMax;
+    }
 }
 
-std::optional<Reception> ReceptionPartagee::lire() const {
-    constexpr int essais = 1000;
-    if (version_.load(std::memory_order_acquire) != marqueDeVersion) {
-        return std::nullopt;
+void Compteur::mesurerCadence(const Trame& trame) {
+    if (trame.intervalle > microsecondes(1'000'000)) {
+        vus_ = 0;
     }
-    for (int essai = 0; essai < essais; ++essai) {
-        const std::uint64_t sequence = sequence_.load(std::memory_order_acquire);
-        Mots mots{};
-        for (std::size_t i = 0; i < mots.size(); ++i) {
-            mots[i] = mots_[i].load(std::memory_order_acquire);
-        }
-        if (sequence % 2 == 0 && sequence_.load(std::memory_order_relaxed) == sequence) {
-            return std::bit_cast<Reception>(mots);
-        }
-    }
-    return std::nullopt;
-}
-
-std::string cheminDeReception(const std::string& racine) {
-    return racine + "/etat/reception";
-}
-
-// Le fichier est rouvert à chaque lecture : une racine peut être refaite sous les yeux du lecteur.
-std::optional<Reception> lireReception(const std::string& racine) {
-    const int fichier = ::open(cheminDeReception(racine).c_str(), O_RDONLY | O_CLOEXEC);
-    if (fichier < 0) {
-        return std::nullopt;
-    }
-
-    struct stat etat {};
-
-    std::optional<Reception> reception;
-    if (::fstat(fichier, &etat) == 0 &&
-        etat.st_size >= static_cast<off_t>(sizeof(ReceptionPartagee))) {
-        void* projection =
-            ::mmap(nullptr, sizeof(ReceptionPartagee), PROT_READ, MAP_SHARED, fichier, 0);
-        if (projection != MAP_FAILED) {
-            reception = static_cast<const ReceptionPartagee*>(projection)->lire();
-            ::munmap(projection, sizeof(ReceptionPartagee));
-        }
-    }
-    ::close(fichier);
-    return reception;
+    breaks_[vus_ % fenetre] = trame.debut;
+    ++vus_;
+    const std::size_t gardes = std::min(vus_, fenetre);
+    const Nanosecondes plusAncien = breaks_[vus_ > fenetre ? vus_ % fenetre : 0];
+    const Nanosecondes etendue = trame.debut - plusAncien;
+    bilan_.milliTramesParSeconde =
+        etendue > 0 ? static_cast<std::uint32_t>(static_cast<Nanosecondes>(gardes - 1) *
+                                                 1'000'000'000'000 / etendue)
+                    : 0;
 }
 
 } // namespace d2xx

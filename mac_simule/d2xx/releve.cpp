@@ -1,107 +1,97 @@
 #include "mac_simule/d2xx/releve.hpp"
 
-#include "mac_simule/d2xx/horloge.hpp"
-
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <cinttypes>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 namespace d2xx {
 
-Releve* Releve::duProcessus() {
-    static Releve* const releve = creer();
-    return releve;
+namespace {
+
+constexpr std::size_t kCapacite = std::size_t{16} << 20; // une heure de trames
+
+// Lire le temps de calcul est un appel système : une fois par seconde suffit.
+constexpr unsigned kEcrituresEntreDeuxCalculs = 32;
+
+std::size_t longueur = 0; // de ce que ce processus a écrit, toutes ouvertures comprises
+
+std::uint64_t tempsDeCalcul(clockid_t horloge) {
+    timespec lu{};
+    // Ces horloges existent toujours ici : l'appel ne peut pas échouer.
+    (void)::clock_gettime(horloge, &lu);
+    return static_cast<std::uint64_t>(lu.tv_sec * 1'000'000'000 + lu.tv_nsec);
 }
 
-Releve* Releve::creer() {
+} // namespace
+
+Releve::Releve() {
     const char* chemin = std::getenv("LUMIVIA_RELEVE_DMX");
     if (chemin == nullptr || *chemin == '\0') {
-        return nullptr;
+        return;
     }
-    const int fichier = ::open(chemin, O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    void* debut = fichier < 0
-                      ? MAP_FAILED
-                      : ::mmap(nullptr, capacite, PROT_READ | PROT_WRITE, MAP_SHARED, fichier, 0);
-    if (debut == MAP_FAILED) {
+    projection_ = Projection::ouvrir(
+        chemin, O_RDWR | O_CREAT | (longueur == 0 ? O_TRUNC : 0), kCapacite, [](int fichier) {
+            return ::posix_fallocate(fichier, 0, static_cast<off_t>(kCapacite)) == 0;
+        });
+    if (!projection_) {
         std::fprintf(stderr, "Le relevé DMX ne peut pas être écrit dans « %s ».\n", chemin);
-        if (fichier >= 0) {
-            ::close(fichier);
-        }
-        return nullptr;
+        return;
     }
-    return new Releve(fichier, static_cast<char*>(debut));
-}
-
-bool Releve::etendre() {
+    char* const debut = static_cast<char*>(projection_->debut());
     // Les pages sont prises maintenant : le fil d'envoi n'en attend aucune.
-    constexpr std::size_t page = 4096;
-    etendu_ = ::posix_fallocate(fichier_, 0, static_cast<off_t>(capacite)) == 0;
-    if (!etendu_) {
-        std::fputs("Il n'y a pas la place d'écrire le relevé DMX.\n", stderr);
-        return false;
+    std::memset(debut + longueur, 0, kCapacite - longueur);
+    if (longueur == 0) {
+        constexpr std::string_view entete = "# dmx-record 1 horloge=CLOCK_MONOTONIC unite=ns\n";
+        longueur = entete.copy(debut, entete.size());
     }
-    for (std::size_t place = longueur_; place < capacite; place += page) {
-        debut_[place] = '\0';
-    }
-    if (longueur_ == 0) {
-        ajouter("# dmx-record 1 horloge=CLOCK_MONOTONIC unite=ns\n");
-    }
-    return true;
 }
 
-void Releve::raccourcir() {
-    etendu_ = false;
-    // Un échec laisse des zéros à la fin, que le lecteur sait ignorer.
-    (void)::ftruncate(fichier_, static_cast<off_t>(longueur_));
+Releve::~Releve() {
+    if (projection_) {
+        // Un échec laisse des zéros à la fin, que le lecteur sait ignorer.
+        (void)::ftruncate(projection_->fichier(), static_cast<off_t>(longueur));
+    }
 }
 
-void Releve::noter(Nanosecondes instant, std::string_view evenement, std::uint64_t valeur,
-                   std::string_view suite) {
-    std::array<char, 128> ligne; // NOLINT(*-member-init) : remplie jusqu'à `place`
-    char* const fin = ligne.data() + ligne.size();
-    char* place = std::to_chars(ligne.data(), fin, instant).ptr;
-    *place++ = ' ';
-    place = std::ranges::copy(evenement, place).out;
-    *place++ = ' ';
-    place = std::to_chars(place, fin, valeur).ptr;
-    if (!suite.empty()) {
-        *place++ = ' ';
-        place = std::ranges::copy(suite, place).out;
+void Releve::noter(Nanosecondes instant, const char* evenement, std::uint64_t valeur,
+                   const char* suite) {
+    if (!projection_) {
+        return;
     }
-    *place++ = '\n';
-    ajouter({ligne.data(), static_cast<std::size_t>(place - ligne.data())});
+    const std::size_t reste = kCapacite - longueur;
+    const int ecrits =
+        std::snprintf(static_cast<char*>(projection_->debut()) + longueur, reste,
+                      "%" PRId64 " %s %" PRIu64 "%s\n", instant, evenement, valeur, suite);
+    // Plein, le relevé s'arrête là : une ligne coupée tromperait plus qu'une fin.
+    if (ecrits > 0 && static_cast<std::size_t>(ecrits) < reste) {
+        longueur += static_cast<std::size_t>(ecrits);
+    }
 }
 
 void Releve::noterEcriture(Nanosecondes instant, std::span<const std::uint8_t> octets) {
-    constexpr std::string_view chiffres = "0123456789abcdef";
-    std::array<char, 16> hexadecimal{};
-    const auto premiers = octets.first(std::min(octets.size(), hexadecimal.size() / 2));
-    std::size_t place = 0;
-    for (const std::uint8_t octet : premiers) {
-        hexadecimal[place++] = chiffres[octet >> 4];
-        hexadecimal[place++] = chiffres[octet & 15];
+    if (!projection_) {
+        return;
     }
-    noter(instant, "write", octets.size(), {hexadecimal.data(), place});
+    constexpr std::size_t notes = 8;
+    std::array<char, 1 + 2 * notes + 1> suite{" "};
+    for (std::size_t i = 0; i < std::min(octets.size(), notes); ++i) {
+        std::snprintf(&suite[1 + 2 * i], 3, "%02x", octets[i]);
+    }
+    noter(instant, "write", octets.size(), suite.data());
 }
 
-void Releve::noterCalcul(Nanosecondes instant) {
-    noter(instant, "cpu_process",
-          static_cast<std::uint64_t>(lireHorloge(CLOCK_PROCESS_CPUTIME_ID)));
-    noter(instant, "cpu_thread", static_cast<std::uint64_t>(lireHorloge(CLOCK_THREAD_CPUTIME_ID)));
-}
-
-// Plein, le relevé s'arrête là : une ligne coupée tromperait plus qu'une fin.
-void Releve::ajouter(std::string_view ligne) {
-    if (etendu_ && longueur_ + ligne.size() <= capacite) {
-        std::memcpy(debut_ + longueur_, ligne.data(), ligne.size());
-        longueur_ += ligne.size();
+void Releve::noterRetour(Nanosecondes instant, std::size_t octets) {
+    noter(instant, "write_end", octets);
+    if (projection_ && ++ecritures_ % kEcrituresEntreDeuxCalculs == 0) {
+        noter(instant, "cpu_process", tempsDeCalcul(CLOCK_PROCESS_CPUTIME_ID));
+        noter(instant, "cpu_thread", tempsDeCalcul(CLOCK_THREAD_CPUTIME_ID));
     }
 }
 

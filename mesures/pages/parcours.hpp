@@ -1,10 +1,10 @@
 // Conduit la vraie fenêtre par les titres de ses boutons, et chronomètre chaque changement de page.
 #pragma once
 
-#include <QtWidgets/QPushButton>
-
 #include <string>
 #include <vector>
+
+class QPushButton;
 
 namespace mesures {
 
@@ -23,10 +23,10 @@ public:
     void oublier() { changements_.clear(); }
 
 private:
-    QPushButton* trouver(const QString& titre) const;
+    // Presse ce bouton, s'il y en a un, puis tourne la boucle.
     void travailler(QPushButton* bouton);
 
-    QString page_;
+    std::string page_;
     std::vector<Changement> changements_;
 };
 

@@ -21,8 +21,8 @@ typedef struct {
     uint32_t (*format)(void*, uint8_t, uint8_t, uint8_t);
     uint32_t (*flux)(void*, uint16_t, uint8_t, uint8_t);
     uint32_t (*purger)(void*, uint32_t);
-    uint32_t (*rompre)(void*);
-    uint32_t (*retablir)(void*);
+    uint32_t (*commencer_break)(void*);
+    uint32_t (*finir_break)(void*);
     uint32_t (*ecrire)(void*, void*, uint32_t, uint32_t*);
     uint32_t (*fermer)(void*);
 } D2xx;
@@ -42,8 +42,8 @@ static bool charger(const char* chemin, D2xx* d2xx) {
            chercher(lib, "FT_SetDataCharacteristics", &d2xx->format) &&
            chercher(lib, "FT_SetFlowControl", &d2xx->flux) &&
            chercher(lib, "FT_Purge", &d2xx->purger) &&
-           chercher(lib, "FT_SetBreakOn", &d2xx->rompre) &&
-           chercher(lib, "FT_SetBreakOff", &d2xx->retablir) &&
+           chercher(lib, "FT_SetBreakOn", &d2xx->commencer_break) &&
+           chercher(lib, "FT_SetBreakOff", &d2xx->finir_break) &&
            chercher(lib, "FT_Write", &d2xx->ecrire) && chercher(lib, "FT_Close", &d2xx->fermer);
 }
 
@@ -66,9 +66,9 @@ static bool envoyer(const D2xx* d2xx, void* poignee, double secondes) {
     const double fin = maintenant() + secondes;
     while (maintenant() < fin) {
         memset(trame + 1, 255, sizeof trame - 1);
-        echecs |= d2xx->rompre(poignee);
+        echecs |= d2xx->commencer_break(poignee);
         usleep(200);
-        echecs |= d2xx->retablir(poignee);
+        echecs |= d2xx->finir_break(poignee);
         echecs |= d2xx->ecrire(poignee, trame, sizeof trame, &ecrits);
         usleep(30000);
     }

@@ -12,11 +12,11 @@ namespace {
 
 using Serie = std::vector<double>;
 
-constexpr double rien = std::numeric_limits<double>::quiet_NaN();
-constexpr std::int64_t misEnRoute = 1'000'000'000;
-constexpr std::int64_t aucune = std::numeric_limits<std::int64_t>::min(); // avant tout instant
-constexpr std::int64_t attenteDuPremierCreneau = 125'000;
-constexpr std::int64_t bitsParCreneau = 11;
+constexpr double kRien = std::numeric_limits<double>::quiet_NaN();
+constexpr std::int64_t kMisEnRoute = 1'000'000'000;
+constexpr std::int64_t kAucune = std::numeric_limits<std::int64_t>::min(); // avant tout instant
+constexpr std::int64_t kAttenteDuPremierCreneau = 125'000;
+constexpr std::int64_t kBitsParCreneau = 11;
 
 double microsecondes(std::int64_t duree) {
     return static_cast<double>(duree) / 1000;
@@ -24,7 +24,7 @@ double microsecondes(std::int64_t duree) {
 
 double centile(Serie serie, double part) {
     if (serie.empty()) {
-        return rien;
+        return kRien;
     }
     std::ranges::sort(serie);
     const double rang = std::ceil(part * static_cast<double>(serie.size()));
@@ -56,7 +56,7 @@ struct Calcul {
         return premier && dernier.trames > premier->trames
                    ? microsecondes(static_cast<std::int64_t>(dernier.valeur - premier->valeur)) /
                          static_cast<double>(dernier.trames - premier->trames)
-                   : rien;
+                   : kRien;
     }
 
     struct Point {
@@ -76,15 +76,15 @@ public:
 
 private:
     void commencerTrame(std::int64_t instant);
-    void finirRupture(std::int64_t instant);
+    void finirBreak(std::int64_t instant);
     void ecrire(std::int64_t instant, std::uint64_t octets);
 
     [[nodiscard]] bool compte(std::int64_t instant) const {
-        return debut_ && instant >= *debut_ + misEnRoute;
+        return debut_ && instant >= *debut_ + kMisEnRoute;
     }
 
-    std::optional<std::int64_t> debut_; // première rupture du relevé
-    std::int64_t rupture_ = aucune;     // dernière rupture de la session
+    std::optional<std::int64_t> debut_; // premier BREAK du relevé
+    std::int64_t break_ = kAucune;      // dernier BREAK de la session
     bool ecritureAttendue_ = false;
     std::int64_t finDesCreneaux_ = 0;
     std::int64_t creneau_ = 44'000;
@@ -92,7 +92,7 @@ private:
     std::size_t coupees_ = 0;
     std::size_t echecs_ = 0;
     Serie periodes_;
-    Serie ruptures_;
+    Serie breaks_;
     Calcul fil_;
     Calcul processus_;
 };
@@ -102,11 +102,11 @@ void Suivi::suivre(const Evenement& evenement) {
     if (nom == "break_on") {
         commencerTrame(instant);
     } else if (nom == "break_off") {
-        finirRupture(instant);
+        finirBreak(instant);
     } else if (nom == "write") {
         ecrire(instant, valeur);
     } else if (nom == "baud" && valeur > 0) {
-        creneau_ = bitsParCreneau * 1'000'000'000 / static_cast<std::int64_t>(valeur);
+        creneau_ = kBitsParCreneau * 1'000'000'000 / static_cast<std::int64_t>(valeur);
     } else if (nom == "cpu_thread" && compte(instant)) {
         fil_.noter(valeur, trames_);
     } else if (nom == "cpu_process" && compte(instant)) {
@@ -114,10 +114,10 @@ void Suivi::suivre(const Evenement& evenement) {
     } else if (nom == "break_fail" || nom == "write_fail") {
         ++echecs_;
         ecritureAttendue_ = false;
-        rupture_ = aucune;
+        break_ = kAucune;
     } else if (nom == "open") {
         ecritureAttendue_ = false;
-        rupture_ = aucune;
+        break_ = kAucune;
     }
 }
 
@@ -125,23 +125,23 @@ void Suivi::commencerTrame(std::int64_t instant) {
     debut_ = debut_.value_or(instant);
     coupees_ += instant < finDesCreneaux_ ? 1 : 0;
     echecs_ += ecritureAttendue_ ? 1 : 0;
-    if (compte(rupture_)) {
-        periodes_.push_back(microsecondes(instant - rupture_));
+    if (compte(break_)) {
+        periodes_.push_back(microsecondes(instant - break_));
     }
-    rupture_ = instant;
+    break_ = instant;
     ecritureAttendue_ = true;
 }
 
-void Suivi::finirRupture(std::int64_t instant) {
-    if (compte(rupture_)) {
-        ruptures_.push_back(microsecondes(instant - rupture_));
+void Suivi::finirBreak(std::int64_t instant) {
+    if (compte(break_)) {
+        breaks_.push_back(microsecondes(instant - break_));
     }
 }
 
 void Suivi::ecrire(std::int64_t instant, std::uint64_t octets) {
-    finDesCreneaux_ = std::max(instant + attenteDuPremierCreneau, finDesCreneaux_) +
+    finDesCreneaux_ = std::max(instant + kAttenteDuPremierCreneau, finDesCreneaux_) +
                       static_cast<std::int64_t>(octets) * creneau_;
-    if (ecritureAttendue_ && compte(rupture_)) {
+    if (ecritureAttendue_ && compte(break_)) {
         ++trames_;
     }
     ecritureAttendue_ = false;
@@ -158,8 +158,8 @@ Chiffres Suivi::chiffres() const {
             .periodeP99 = centile(periodes_, 0.99),
             .periodeEcartType = ecartType(periodes_),
             .gigueP99 = centile(ecarts, 0.99),
-            .ruptureMin = centile(ruptures_, 0),
-            .ruptureP50 = centile(ruptures_, 0.5),
+            .breakMin = centile(breaks_, 0),
+            .breakP50 = centile(breaks_, 0.5),
             .coupees = coupees_,
             .echecs = echecs_,
             .calculFil = fil_.parTrame(),
@@ -191,15 +191,15 @@ Chiffres rassembler(std::span<const Chiffres> passages) {
                       .periodeP99 = mediane(&Chiffres::periodeP99),
                       .periodeEcartType = mediane(&Chiffres::periodeEcartType),
                       .gigueP99 = mediane(&Chiffres::gigueP99),
-                      .ruptureMin = rien,
-                      .ruptureP50 = mediane(&Chiffres::ruptureP50),
+                      .breakMin = kRien,
+                      .breakP50 = mediane(&Chiffres::breakP50),
                       .calculFil = mediane(&Chiffres::calculFil),
                       .calculProcessus = mediane(&Chiffres::calculProcessus)};
     for (const Chiffres& passage : passages) {
         ensemble.trames += passage.trames;
         ensemble.coupees += passage.coupees;
         ensemble.echecs += passage.echecs;
-        ensemble.ruptureMin = std::fmin(ensemble.ruptureMin, passage.ruptureMin);
+        ensemble.breakMin = std::fmin(ensemble.breakMin, passage.breakMin);
     }
     return ensemble;
 }

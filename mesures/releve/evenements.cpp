@@ -7,7 +7,7 @@ namespace releve {
 
 namespace {
 
-constexpr std::string_view entete = "# dmx-record 1";
+constexpr std::string_view kEntete = "# dmx-record 1";
 
 // Retire et rend le premier mot de la ligne.
 std::string_view mot(std::string_view& ligne) {
@@ -47,7 +47,7 @@ Lecture lire(std::string_view texte) {
         const std::optional<Evenement> lu = evenement(ligne);
         if (lu && numero > 1) {
             lecture.evenements.push_back(*lu);
-        } else if (numero > 1 || !ligne.starts_with(entete)) {
+        } else if (numero > 1 || !ligne.starts_with(kEntete)) {
             lecture.ligneFautive = numero;
             return lecture;
         }

@@ -25,7 +25,7 @@ struct Rubrique {
     int decimales;
 };
 
-constexpr std::array rubriques{
+constexpr std::array kRubriques{
     Rubrique{"trames                         ", "trames",
              [](const Chiffres& c) { return static_cast<double>(c.trames); }, 0},
     Rubrique{"trames par seconde             ", "trames_par_seconde",
@@ -38,10 +38,10 @@ constexpr std::array rubriques{
              [](const Chiffres& c) { return c.periodeEcartType; }, 0},
     Rubrique{"gigue p99, µs                  ", "gigue_p99_us",
              [](const Chiffres& c) { return c.gigueP99; }, 0},
-    Rubrique{"rupture minimale, µs           ", "rupture_min_us",
-             [](const Chiffres& c) { return c.ruptureMin; }, 0},
-    Rubrique{"rupture médiane, µs            ", "rupture_p50_us",
-             [](const Chiffres& c) { return c.ruptureP50; }, 0},
+    Rubrique{"BREAK minimal, µs              ", "break_min_us",
+             [](const Chiffres& c) { return c.breakMin; }, 0},
+    Rubrique{"BREAK médian, µs               ", "break_p50_us",
+             [](const Chiffres& c) { return c.breakP50; }, 0},
     Rubrique{"trames coupées                 ", "trames_coupees",
              [](const Chiffres& c) { return static_cast<double>(c.coupees); }, 0},
     Rubrique{"échecs                         ", "echecs",
@@ -70,7 +70,7 @@ bool lireFichier(const char* chemin, std::vector<Chiffres>& passages) {
 }
 
 void afficherCles(const Chiffres& chiffres) {
-    for (const Rubrique& rubrique : rubriques) {
+    for (const Rubrique& rubrique : kRubriques) {
         std::printf("%s=%.*f\n", rubrique.cle, rubrique.decimales, rubrique.valeur(chiffres));
     }
 }
@@ -84,7 +84,7 @@ void afficherTableau(std::vector<Chiffres> passages) {
         std::printf(" %10s\n", "ensemble");
         passages.push_back(releve::rassembler(passages));
     }
-    for (const Rubrique& rubrique : rubriques) {
+    for (const Rubrique& rubrique : kRubriques) {
         std::fputs(rubrique.titre, stdout);
         for (const Chiffres& passage : passages) {
             std::printf(" %10.*f", rubrique.decimales, rubrique.valeur(passage));

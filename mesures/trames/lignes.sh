@@ -50,7 +50,7 @@ lignes_trames() {
     ligne_trames "Trames par seconde / boucle nue en C" trames_par_seconde "/s" ≥ 0.99
     ligne_trames "Période des trames, p99 / boucle nue" periode_p99_us µs ≤ 1.10
     ligne_trames "Calcul par trame / boucle nue" calcul_fil_us µs ≤ 1.5
-    ligne_valeur "Rupture la plus courte" "$(chiffre assistant rupture_min_us)" 0 " µs" — ≥ 200
+    ligne_valeur "BREAK le plus court" "$(chiffre assistant break_min_us)" 0 " µs" — ≥ 200
     ligne_valeur "Trames coupées, puce immédiate et puce réaliste" \
         "$(($(chiffre assistant trames_coupees) + $(chiffre realiste trames_coupees)))" 0 '' — = 0
     ligne_valeur "Trames perdues à un changement de motif" \
@@ -68,7 +68,7 @@ logiciels_connus() {
 Pour situer les trames, deux logiciels lumière connus, mesurés avec la même puce immédiate sur une
 machine virtuelle de deux cœurs, trois fois trente secondes :
 
-| | trames/s | période moyenne / p99 | écart-type | rupture min / médiane | trames coupées | calcul par trame |
+| | trames/s | période moyenne / p99 | écart-type | BREAK min / médian | trames coupées | calcul par trame |
 |---|---|---|---|---|---|---|
 | leurs 30 Hz d'origine | 29,8 | 33,6 / 34,1 ms | 306–329 µs | 147–178 / 196–200 µs | 0 | 850–896 µs |
 | l'un d'eux à son maximum, 44 Hz | 42,6 | 23,5 / 24,1 ms | 315 µs | 128 / 196 µs | 11 sur 3791 | 613 µs |
@@ -79,7 +79,7 @@ FIN
         "$(nombre "$(chiffre assistant periode_moyenne_us)e-3" 1)" \
         "$(nombre "$(chiffre assistant periode_p99_us)e-3" 1)" \
         "$(chiffre assistant periode_ecart_type_us)" \
-        "$(chiffre assistant rupture_min_us)" "$(chiffre assistant rupture_p50_us)" \
+        "$(chiffre assistant break_min_us)" "$(chiffre assistant break_p50_us)" \
         "$(chiffre assistant trames_coupees)" \
         "$(nombre "$(chiffre assistant calcul_fil_us)" 0)"
 }

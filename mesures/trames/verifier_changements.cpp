@@ -2,7 +2,7 @@
 //
 //     verifier_changements RELEVE CHANGEMENTS
 //
-// Affiche le nombre de trames perdues (une rupture sans son écriture, un motif dont aucune trame
+// Affiche le nombre de trames perdues (un BREAK sans son écriture, un motif dont aucune trame
 // n'est partie) et répétées (l'ancien motif encore, après le changement).
 #include <cstdio>
 #include <fstream>
@@ -12,12 +12,12 @@
 
 namespace {
 
-// Le motif se lit juste avant la rupture : une trame commencée dans ce délai peut encore être
+// Le motif se lit juste avant le BREAK : une trame commencée dans ce délai peut encore être
 // l'ancienne. Il est bien plus court qu'une trame.
 constexpr long long kDelai = 5'000'000; // ns
 
 struct Trame {
-    long long rupture = 0;
+    long long debut = 0;
     int valeur = -1; // du premier canal ; -1 tant que rien n'est écrit
 };
 
@@ -73,12 +73,12 @@ int main(int nombre, char** arguments) {
     // Le dernier motif est suivi du noir de la fermeture, qui n'est pas daté.
     for (std::size_t i = 0; i + 1 < changements.size(); ++i) {
         bool partie = false;
-        for (; trame != trames.end() && trame->rupture < changements[i + 1].instant; ++trame) {
+        for (; trame != trames.end() && trame->debut < changements[i + 1].instant; ++trame) {
             perdues += trame->valeur < 0 ? 1 : 0;
             const bool nouvelle = trame->valeur == changements[i].valeur;
             partie = partie || nouvelle;
             repetees +=
-                trame->valeur >= 0 && !nouvelle && trame->rupture > changements[i].instant + kDelai
+                trame->valeur >= 0 && !nouvelle && trame->debut > changements[i].instant + kDelai
                     ? 1
                     : 0;
         }

@@ -1,4 +1,4 @@
-#include "plateforme/posix/natif.hpp"
+#include "plateforme/posix/particularites.hpp"
 #include "plateforme/fichiers.hpp"
 #include "plateforme/macos/textes.hpp"
 

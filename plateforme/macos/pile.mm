@@ -3,10 +3,6 @@
 namespace plateforme {
 
 Pile::Pile(Orientation orientation) : Vue(macos::tenir([[NSStackView alloc] init])) {
-    setOrientation(orientation);
-}
-
-void Pile::setOrientation(Orientation orientation) const {
     macos::vueDe<NSStackView>(*this).orientation = orientation == Orientation::horizontale
                                                        ? NSUserInterfaceLayoutOrientationHorizontal
                                                        : NSUserInterfaceLayoutOrientationVertical;

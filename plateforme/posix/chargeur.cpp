@@ -1,6 +1,6 @@
 #include "plateforme/chargeur.hpp"
 
-#include "plateforme/posix/natif.hpp"
+#include "plateforme/posix/particularites.hpp"
 
 #include <dlfcn.h>
 

@@ -11,7 +11,7 @@ namespace plateforme::natif {
 
 class Descripteur {
 public:
-    explicit Descripteur(int numero = -1) : numero_(numero) {}
+    explicit Descripteur(int numero) : numero_(numero) {}
 
     Descripteur(Descripteur&& autre) noexcept : numero_(std::exchange(autre.numero_, -1)) {}
 

@@ -9,13 +9,14 @@ namespace plateforme::natif {
 namespace {
 
 // Les causes qu'un utilisateur peut rencontrer ; le support lit le journal en français.
-constexpr std::array<std::pair<int, const char*>, 15> kCauses{{
+constexpr std::array<std::pair<int, const char*>, 16> kCauses{{
     {EACCES, "vous n'avez pas la permission"},
     {EPERM, "opération refusée"},
     {ENOENT, "fichier ou dossier introuvable"},
     {ENOTDIR, "un fichier se trouve à la place d'un dossier"},
     {EISDIR, "un dossier se trouve à la place du fichier"},
     {EEXIST, "un élément de ce nom existe déjà"},
+    {ENOTEMPTY, "le dossier n'est pas vide"},
     {ENOSPC, "il n'y a plus de place sur le disque"},
     {EFBIG, "le fichier dépasse la taille permise"},
     {EROFS, "le disque est en lecture seule"},

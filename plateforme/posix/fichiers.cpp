@@ -2,7 +2,7 @@
 
 #include "plateforme/posix/descripteur.hpp"
 #include "plateforme/posix/erreurs.hpp"
-#include "plateforme/posix/natif.hpp"
+#include "plateforme/posix/particularites.hpp"
 
 #include <array>
 #include <charconv>
@@ -11,9 +11,10 @@
 #include <cstdlib>
 #include <dirent.h>
 #include <fcntl.h>
-#include <filesystem>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
 
 namespace plateforme {
 namespace {
@@ -47,15 +48,28 @@ pid_t processusDe(const std::string& marque) {
     return erreur == std::errc() && marque == marqueDe(processus) ? processus : 0;
 }
 
-// Ôte les temporaires de cette cible dont le programme est mort avant de les installer. Ce qui ne
-// s'ôte pas reste : il ne gêne pas.
-void oterLesAbandonnes(const std::string& cible) {
-    const std::size_t barre = cible.rfind('/');
-    const std::string debut = cible.substr(barre + 1) + ".";
-    const std::unique_ptr<DIR, int (*)(DIR*)> dossier(::opendir(cible.substr(0, barre).c_str()),
-                                                      ::closedir);
+// Les temporaires d'une cible : son nom, cette séparation, une marque.
+constexpr const char* kSeparation = ".";
+
+// Les noms que porte un dossier, hors lui-même et le dossier au-dessus ; aucun quand il ne se lit
+// pas.
+std::vector<std::string> elements(const std::string& reel) {
+    std::vector<std::string> noms;
+    const std::unique_ptr<DIR, int (*)(DIR*)> dossier(::opendir(reel.c_str()), ::closedir);
     while (const dirent* element = dossier ? ::readdir(dossier.get()) : nullptr) {
         const std::string nom = element->d_name;
+        if (nom != "." && nom != "..") {
+            noms.push_back(nom);
+        }
+    }
+    return noms;
+}
+
+// Ce qui ne s'ôte pas reste : il ne gêne pas.
+void oterLesAbandonnes(const std::string& cible) {
+    const std::size_t barre = cible.rfind('/');
+    const std::string debut = cible.substr(barre + 1) + kSeparation;
+    for (const std::string& nom : elements(cible.substr(0, barre))) {
         if (nom.compare(0, debut.size(), debut) != 0) {
             continue;
         }
@@ -69,7 +83,8 @@ void oterLesAbandonnes(const std::string& cible) {
 // Fichier temporaire voisin de sa cible, retiré s'il n'a pas été installé.
 class Temporaire {
 public:
-    explicit Temporaire(const std::string& cible) : nom_(cible + "." + marqueDe(::getpid())) {
+    explicit Temporaire(const std::string& cible)
+        : nom_(cible + kSeparation + marqueDe(::getpid())) {
         oterLesAbandonnes(cible);
         ::unlink(nom_.c_str()); // d'un programme mort qui avait notre numéro ; d'ordinaire, rien
         descripteur_ = sansInterruption([&] {
@@ -223,16 +238,38 @@ Erreur changerPermissions(const std::string& chemin, unsigned permissions) {
     return std::nullopt;
 }
 
-bool supprimer(const std::string& chemin) {
-    std::error_code erreur;
-    return std::filesystem::remove_all(cheminReel(chemin), erreur) > 0 && !erreur;
+Erreur supprimer(const std::string& chemin) {
+    const std::string reel = cheminReel(chemin);
+
+    struct stat infos {};
+
+    if (::lstat(reel.c_str(), &infos) != 0) {
+        return std::nullopt; // rien, ou rien que l'on puisse atteindre
+    }
+    const bool dossier = S_ISDIR(infos.st_mode);
+    if (dossier) {
+        for (const std::string& nom : elements(reel)) {
+            if (Erreur erreur = supprimer(chemin + "/" + nom)) {
+                return erreur;
+            }
+        }
+    }
+    if ((dossier ? ::rmdir(reel.c_str()) : ::unlink(reel.c_str())) != 0 && errno != ENOENT) {
+        return decrireErreur(errno, chemin);
+    }
+    return std::nullopt;
+}
+
+void oterTemporaires(const std::string& chemin) {
+    oterLesAbandonnes(cheminReel(chemin));
 }
 
 bool finitUneLigne(const std::string& chemin) {
     const Descripteur fichier = ouvrirOrdinaire(chemin, O_RDONLY);
     char dernier = '\n';
-    const off_t fin = fichier.ouvert() ? ::lseek(fichier.numero(), 0, SEEK_END) : 0;
-    return fin <= 0 || ::pread(fichier.numero(), &dernier, 1, fin - 1) != 1 || dernier == '\n';
+    // Absent ou vide, il n'a pas de dernier caractère : la lecture échoue.
+    const off_t fin = ::lseek(fichier.numero(), 0, SEEK_END);
+    return ::pread(fichier.numero(), &dernier, 1, fin - 1) != 1 || dernier == '\n';
 }
 
 Ajout ajouterALaFin(const std::string& chemin, const std::string& octets) {

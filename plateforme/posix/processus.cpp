@@ -2,7 +2,7 @@
 
 #include "plateforme/posix/descripteur.hpp"
 #include "plateforme/posix/erreurs.hpp"
-#include "plateforme/posix/natif.hpp"
+#include "plateforme/posix/particularites.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,15 +1,12 @@
 #include "plateforme/boucle.hpp"
 
-#include <cerrno>
-#include <ctime>
+#include <chrono>
+#include <thread>
 
 namespace plateforme {
 
 void dormirMicrosecondes(unsigned microsecondes) {
-    timespec reste{static_cast<time_t>(microsecondes / 1'000'000),
-                   static_cast<long>(microsecondes % 1'000'000) * 1000};
-    while (::nanosleep(&reste, &reste) != 0 && errno == EINTR) {
-    }
+    std::this_thread::sleep_for(std::chrono::microseconds(microsecondes));
 }
 
 } // namespace plateforme

@@ -10,12 +10,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using essai::messages;
-using essai::Messages;
-
 const std::string kDossier = "/Users/L'été/Library/Application Support/Assistant Lumivia";
 const std::string kScript = kDossier + "/retirer-ancien-pilote.command";
-const std::string kOuverture = "Retrait des anciens pilotes : ouverture du Terminal";
 const std::string kImpossible = "Impossible d'écrire le script : « ";
 
 // Le script attendu, que le Terminal simulé exécute aussi pour ses propres essais.
@@ -44,7 +40,7 @@ protected:
 
 } // namespace
 
-TEST_F(Retrait, LeScriptEstEcritExecutablePuisOuvert) {
+TEST_F(Retrait, leScriptEstEcritExecutable) {
     ::umask(077);
     EXPECT_TRUE(Actions::lancerRetraitDansTerminal(true));
     EXPECT_TRUE(Actions::reconstructionDemandee);
@@ -62,19 +58,17 @@ TEST_F(Retrait, LeScriptEstEcritExecutablePuisOuvert) {
     }
     EXPECT_EQ(mac.lire("/Users/ouvert"), kModele) << "remplacé d'un coup, jamais réécrit sur place";
     EXPECT_EQ(mac.lire("/etat/ouvert"), demande + demande + demande);
-    EXPECT_EQ(messages(), (Messages{kOuverture, kOuverture, kOuverture}));
 }
 
-TEST_F(Retrait, UneOuvertureRefuseeLaisseLeScriptEnPlace) {
+TEST_F(Retrait, uneOuvertureRefuseeLaisseLeScriptEnPlace) {
     mac.poserOutil("/usr/bin/open", "exit 1");
     EXPECT_FALSE(Actions::lancerRetraitDansTerminal(true));
     mac.retirer("/usr/bin/open");
     EXPECT_FALSE(Actions::lancerRetraitDansTerminal(true));
     EXPECT_EQ(mac.lire(kScript), kModele);
-    EXPECT_EQ(messages(), (Messages{kOuverture, kOuverture}));
 }
 
-TEST_F(Retrait, CeQuiTientLaPlaceEstNommeEtRienNeSOuvre) {
+TEST_F(Retrait, ceQuiTientLaPlaceEstNomme) {
     mac.poser(kDossier, "un fichier");
     EXPECT_FALSE(Actions::lancerRetraitDansTerminal(true));
     EXPECT_EQ(mac.lire(kDossier), "un fichier");
@@ -84,6 +78,7 @@ TEST_F(Retrait, CeQuiTientLaPlaceEstNommeEtRienNeSOuvre) {
     EXPECT_EQ(mac.elements(kDossier), 1);
     const std::string fin = " » : un fichier se trouve à la place d'un dossier (erreur 20).";
     const std::string autre = " » : un dossier se trouve à la place du fichier (erreur 21).";
-    EXPECT_EQ(messages(), (Messages{kImpossible + kDossier + fin, kImpossible + kScript + autre}));
+    EXPECT_EQ(essai::messages(),
+              (essai::Messages{kImpossible + kDossier + fin, kImpossible + kScript + autre}));
     EXPECT_FALSE(mac.existe("/etat/ouvert"));
 }

@@ -4,25 +4,19 @@
 #include "app/delegue.hpp"
 #include "commun/journal.hpp"
 #include "commun/mac.hpp"
-#include "plateforme/linux/application_qt.hpp"
-#include "plateforme/linux/fenetre_qt.hpp"
+#include "mac_simule/robot/regard.hpp"
+#include "mac_simule/robot/regard_qt.hpp"
 
-#include <QtCore/QAbstractEventDispatcher>
 #include <QtCore/QTimer>
-#include <QtGui/QClipboard>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDialog>
+#include <QtWidgets/QLayout>
+#include <QtWidgets/QMainWindow>
+#include <QtWidgets/QPushButton>
 
 namespace essai {
 
-// Tout ce qui attend, et ce qui en découle : une mise en page en demande une autre, plus haut.
-inline void traiter() {
-    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {
-    }
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
+using robot::traiter;
 
 inline bool attendreQue(const std::function<bool()>& predicat) {
     const bool vu = attendre(predicat, traiter);
@@ -40,51 +34,20 @@ public:
 
     void demarrer() {
         delegue_.applicationDidFinishLaunching();
+        QApplication::setActiveWindow(&fenetre()); // qui a le clavier
         traiter();
     }
 
-    plateforme::FenetreQt& fenetre() const {
-        for (QWidget* vue : QApplication::topLevelWidgets()) {
-            if (auto* trouvee = dynamic_cast<plateforme::FenetreQt*>(vue)) {
-                return *trouvee;
-            }
+    static QMainWindow& fenetre() { return *robot::fenetre(); }
+
+    // Les textes de l'alerte ouverte, sinon ceux de la page, qui commencent par son titre.
+    static std::vector<std::string> textes() { return robot::textes("étiquette"); }
+
+    static QPushButton& bouton(const std::string& titreVoulu) {
+        if (QPushButton* voulu = robot::bouton(titreVoulu)) {
+            return *voulu;
         }
-        throw std::runtime_error("l'assistant n'a pas de fenêtre");
-    }
-
-    std::vector<std::string> textes() const {
-        std::vector<std::string> lus;
-        for (const QLabel* etiquette : fenetre().contenu()->findChildren<QLabel*>()) {
-            // Une étiquette d'émojis porte du texte enrichi : son nom accessible est le texte nu.
-            lus.push_back(etiquette->accessibleName().toStdString());
-        }
-        return lus;
-    }
-
-    std::string titre() const { return textes().front(); }
-
-    QList<QPushButton*> boutons() const {
-        auto visibles = fenetre().contenu()->findChildren<QPushButton*>();
-        visibles.removeIf([](const QPushButton* bouton) { return bouton->isHidden(); });
-        return visibles;
-    }
-
-    std::string parDefaut() const {
-        for (const QPushButton* bouton : boutons()) {
-            if (bouton->isDefault()) {
-                return bouton->text().toStdString();
-            }
-        }
-        return {};
-    }
-
-    QPushButton& bouton(const std::string& titreVoulu) const {
-        for (QPushButton* bouton : boutons()) {
-            if (bouton->text().toStdString() == titreVoulu) {
-                return *bouton;
-            }
-        }
-        throw std::runtime_error("pas de « " + titreVoulu + " » sur la page " + titre());
+        throw std::runtime_error("pas de « " + titreVoulu + " » sur la page " + robot::titre());
     }
 
     void cliquer(const std::string& titreVoulu) const {
@@ -120,7 +83,7 @@ public:
     }
 
     bool attendrePage(const std::string& titreVoulu) const {
-        return attendreQue([&] { return titre() == titreVoulu; });
+        return attendreQue([&] { return robot::titre() == titreVoulu; });
     }
 
     void allerAuResultat() {
@@ -136,16 +99,17 @@ public:
 
     // Ferme chaque alerte qui s'ouvre, en gardant ses textes.
     void fermerLesAlertes() {
-        QObject::connect(&gardien_, &QTimer::timeout, [this] {
-            if (auto* alerte = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        auto* gardien = new QTimer(qApp);
+        QObject::connect(gardien, &QTimer::timeout, [this] {
+            if (robot::alerteOuverte()) {
                 alertes.emplace_back();
-                for (const QLabel* etiquette : alerte->findChildren<QLabel*>()) {
-                    alertes.back() += etiquette->text().toStdString() + "\n";
+                for (const std::string& texte : textes()) {
+                    alertes.back() += texte + "\n";
                 }
-                alerte->findChild<QPushButton*>()->click();
+                bouton("").click();
             }
         });
-        gardien_.start(5);
+        gardien->start(5);
     }
 
     Mac mac;
@@ -154,7 +118,6 @@ public:
 private:
     // Comme dans le programme, rien de l'assistant n'est détruit avant la fin du processus.
     static inline Delegue& delegue_ = *new Delegue;
-    QTimer& gardien_ = *new QTimer(&plateforme::applicationQt());
 };
 
 } // namespace essai

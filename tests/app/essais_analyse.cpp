@@ -15,7 +15,6 @@ TEST(Analyse, commenceSeuleApresUnRedemarrageDontElleOublieLaMarque) {
     ASSERT_TRUE(c.attendrePage("Résultat de l'analyse"));
     EXPECT_EQ(essai::compter("Rouvert automatiquement après le redémarrage"), 1);
     EXPECT_EQ(plateforme::lirePreference(cle), std::nullopt);
-    EXPECT_EQ(essai::compter("Diagnostic :\nMac : Mac14,2, puce Apple, macOS 14.5.0\n"), 1);
 }
 
 TEST(Analyse, leRapportSeCopiePendantQuElleCourt) {
@@ -29,12 +28,12 @@ TEST(Analyse, leRapportSeCopiePendantQuElleCourt) {
     ASSERT_TRUE(essai::attendreQue([&] { return c.mac.existe("/entree"); }));
     c.mac.poserOutil("/usr/sbin/sysctl", "echo 1");
     c.cliquer("Copier le rapport pour le support");
-    const std::string rapport = QGuiApplication::clipboard()->text().toStdString();
+    const std::string rapport = robot::pressePapiers();
     EXPECT_EQ(rapport.rfind("Assistant Lumivia — rapport\n\nMac : 1, puce Apple", 0), 0U)
         << rapport;
     EXPECT_NE(rapport.find("\n\nJournal :\n" + Journal::shared().lignes().front()),
               std::string::npos);
-    EXPECT_EQ(c.titre(), "Analyse en cours…");
+    EXPECT_EQ(robot::titre(), "Analyse en cours…");
     c.mac.poser("/suite", "");
     EXPECT_TRUE(c.attendrePage("Résultat de l'analyse"));
 }

@@ -48,15 +48,6 @@ TEST(Endurance, DISABLED_analysesEtPagesIllustrees) {
     });
 }
 
-TEST(Endurance, DISABLED_dixMilleChangementsDePage) {
-    Conduite c;
-    c.passerLeResultat();
-    repeter(5000, [&] {
-        c.cliquer("Non");
-        c.cliquer("Refaire le test");
-    });
-}
-
 TEST(Endurance, DISABLED_sessionsEtMotifs) {
     Conduite c;
     c.passerLeResultat();
@@ -66,8 +57,10 @@ TEST(Endurance, DISABLED_sessionsEtMotifs) {
                 c.cliquer(motif);
             }
         }
-        c.cliquer("Non"); // ferme la session
-        c.cliquer("Refaire le test");
+        for (int i = 0; i < 25; ++i) {
+            c.cliquer("Non"); // ferme la session
+            c.cliquer("Refaire le test");
+        }
     });
 }
 

@@ -9,16 +9,16 @@ namespace {
 
 // Fait tourner l'application jusqu'à sa fin ; `geste` part quand la page voulue est là.
 void vivre(Conduite& c, const std::string& page, const std::function<void()>& geste) {
-    auto* guet = new QTimer(&plateforme::applicationQt());
-    QObject::connect(guet, &QTimer::timeout, [&c, guet, page, geste] {
-        if (c.titre() == page) {
+    c.demarrer();
+    auto* guet = new QTimer(qApp);
+    QObject::connect(guet, &QTimer::timeout, [guet, page, geste] {
+        if (robot::titre() == page) {
             guet->stop();
             geste();
-        } else if (!c.parDefaut().empty()) {
-            c.bouton(c.parDefaut()).click();
+        } else if (QPushButton* suite = robot::bouton("")) {
+            suite->click();
         }
     });
-    c.demarrer();
     guet->start(5);
     plateforme::definirDelegue(
         {[] {}, [] { return Delegue::applicationShouldTerminateAfterLastWindowClosed(); }});
@@ -37,11 +37,8 @@ TEST(Fin, fermerPendantUneAnalyse) {
 TEST(Fin, commandeQPendantUneAnalyse) {
     Conduite c;
     c.mac.poserOutil("/usr/sbin/sysctl", "sleep 0.3");
-    vivre(c, "Analyse en cours…", [&] {
-        QApplication::setActiveWindow(&c.fenetre());
-        c.touche(Qt::Key_Q, Qt::ControlModifier);
-    });
-    EXPECT_TRUE(c.fenetre().isVisible()) << "quitter ne ferme pas la fenêtre";
+    vivre(c, "Analyse en cours…", [&] { c.touche(Qt::Key_Q, Qt::ControlModifier); });
+    EXPECT_NE(robot::fenetre(), nullptr) << "quitter ne ferme pas la fenêtre";
 }
 
 TEST(Fin, fermerPendantLEnvoiEteintDAbord) {
@@ -67,7 +64,7 @@ TEST(Fin, commandeQPendantUneAlerteLaisseLeFilDesTramesFinirAvecLeProcessus) {
         c.bouton("Copier le rapport pour le support").click();
     });
     EXPECT_EQ(essai::compter("Test DMX : plein"), 1);
-    EXPECT_EQ(c.titre(), "Tester avec votre projecteur");
+    EXPECT_EQ(robot::titre(), "Tester avec votre projecteur");
 }
 
 TEST(Fin, fermerQuandLEcritureNeRevientPas) {
@@ -78,5 +75,5 @@ TEST(Fin, fermerQuandLEcritureNeRevientPas) {
         c.mac.poserEtat("ecriture_retenue", "");
         QTimer::singleShot(200, [&] { c.fenetre().close(); });
     });
-    EXPECT_FALSE(c.fenetre().isVisible());
+    EXPECT_EQ(robot::fenetre(), nullptr);
 }

@@ -29,6 +29,12 @@ inline std::string forme(const std::string& nom) {
     return contenu(FORMES + nom);
 }
 
+// Nombre d'éléments d'un dossier.
+inline std::ptrdiff_t elements(const std::filesystem::path& dossier) {
+    const std::filesystem::directory_iterator lu(dossier);
+    return std::distance(begin(lu), end(lu));
+}
+
 class Mac {
 public:
     const std::string bibliotheque =
@@ -62,10 +68,8 @@ public:
 
     std::string lire(const std::string& cheminMac) const { return contenu(reel(cheminMac)); }
 
-    // Nombre d'éléments d'un dossier.
     std::ptrdiff_t elements(const std::string& cheminMac) const {
-        const std::filesystem::directory_iterator dossier(reel(cheminMac));
-        return std::distance(begin(dossier), end(dossier));
+        return essai::elements(reel(cheminMac));
     }
 
     void poser(const std::string& cheminMac, const std::string& octets) const {

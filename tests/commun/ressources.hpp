@@ -1,17 +1,10 @@
 // Ce que le processus tient : descripteurs, fils, mémoire.
 #pragma once
 
+#include "commun/mac.hpp"
 #include "mesures/commun/memoire.h"
 
-#include <cstddef>
-#include <filesystem>
-
 namespace essai {
-
-inline std::ptrdiff_t elements(const std::filesystem::path& dossier) {
-    const std::filesystem::directory_iterator lu(dossier);
-    return std::distance(begin(lu), end(lu));
-}
 
 struct Ressources {
     std::ptrdiff_t descripteurs = elements("/proc/self/fd");

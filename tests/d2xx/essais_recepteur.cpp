@@ -1,6 +1,7 @@
 // Le récepteur, sur des événements choisis.
 #include "mac_simule/d2xx/recepteur.hpp"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -9,43 +10,39 @@ using namespace d2xx;
 namespace {
 
 constexpr Ligne dmx{.debit = 250'000, .bits = 8, .arrets = 2, .parite = 0, .flux = 0};
-constexpr Nanosecondes milliseconde = microsecondes(1000);
 
 struct Envoi {
-    Nanosecondes rupture = microsecondes(200);
+    Nanosecondes dureeBreak = microsecondes(200);
     Nanosecondes marque = microsecondes(125);
     std::size_t creneaux = 513;
     std::uint8_t codeDepart = 0;
-    std::uint8_t niveau = 255;
     Ligne ligne = dmx;
 };
 
 // Pose la trame à cet instant ; rend la fin de son dernier créneau.
 Nanosecondes poser(Recepteur& recepteur, Nanosecondes instant, const Envoi& envoi = {}) {
-    std::vector<std::uint8_t> octets(envoi.creneaux, envoi.niveau);
-    if (!octets.empty()) {
-        octets[0] = envoi.codeDepart;
-    }
-    recepteur.rupture(instant);
-    recepteur.marque(instant + envoi.rupture);
-    recepteur.octets(instant + envoi.rupture + envoi.marque, envoi.ligne, octets);
-    return instant + envoi.rupture + envoi.marque +
+    std::vector<std::uint8_t> octets(envoi.creneaux, 255);
+    std::fill_n(octets.begin(), std::min<std::size_t>(octets.size(), 1), envoi.codeDepart);
+    recepteur.commencerBreak(instant);
+    recepteur.finirBreak(instant + envoi.dureeBreak);
+    recepteur.octets(instant + envoi.dureeBreak + envoi.marque, envoi.ligne, octets);
+    return instant + envoi.dureeBreak + envoi.marque +
            static_cast<Nanosecondes>(envoi.creneaux) * envoi.ligne.creneau();
 }
 
-// Une trame absente n'a pas de rupture : elle n'est jamais correcte.
+// Une trame absente n'a pas de BREAK : elle n'est jamais correcte.
 Verdict verdict(const std::optional<Trame>& trame) {
     return trame.value_or(Trame{}).verdict();
 }
 
 } // namespace
 
-TEST(Recepteur, ChaqueLimiteEstJugeeAuBordPres) {
+TEST(Recepteur, chaqueLimiteEstJugeeAuBordPres) {
     const std::vector<std::pair<Envoi, Verdict>> cas{
         {{}, Verdict::correct},
-        {{.rupture = 92'000}, Verdict::correct},
-        {{.rupture = 91'999}, Verdict::ruptureEmetteur},
-        {{.rupture = 87'999}, Verdict::ruptureCourte},
+        {{.dureeBreak = 92'000}, Verdict::correct},
+        {{.dureeBreak = 91'999}, Verdict::breakEmetteur},
+        {{.dureeBreak = 87'999}, Verdict::breakCourt},
         {{.marque = 12'000}, Verdict::correct},
         {{.marque = 11'999}, Verdict::marqueEmetteur},
         {{.marque = 7'999}, Verdict::marqueCourte},
@@ -67,15 +64,15 @@ TEST(Recepteur, ChaqueLimiteEstJugeeAuBordPres) {
     }
 }
 
-TEST(Recepteur, UneRuptureTropTotCoupeLaTrameEtTropTardPerdLeSignal) {
+TEST(Recepteur, unBreakVientNiTropTotNiTropTard) {
     for (const Nanosecondes ecart : {0, 1}) {
         Recepteur recepteur;
         const Nanosecondes fin = poser(recepteur, 0);
-        EXPECT_EQ(verdict(recepteur.rupture(fin - ecart)),
+        EXPECT_EQ(verdict(recepteur.commencerBreak(fin - ecart)),
                   ecart == 0 ? Verdict::correct : Verdict::trameCoupee);
         Recepteur espace;
         poser(espace, 0);
-        EXPECT_EQ(verdict(espace.fin(poser(espace, (1000 + ecart) * milliseconde))),
-                  ecart == 0 ? Verdict::correct : Verdict::rupturesEspacees);
+        EXPECT_EQ(verdict(espace.fin(poser(espace, microsecondes(1000 * (1000 + ecart))))),
+                  ecart == 0 ? Verdict::correct : Verdict::breaksEspaces);
     }
 }

@@ -14,9 +14,9 @@ public:
         return *this;
     }
 
-    Faux& trame(std::int64_t debut, std::int64_t rupture = 200) {
-        note(debut, "break_on 0").note(debut + rupture, "break_off 0");
-        return note(debut + rupture, "write 513 00ff").note(debut + rupture, "write_end 513");
+    Faux& trame(std::int64_t debut, std::int64_t dureeBreak = 200) {
+        note(debut, "break_on 0").note(debut + dureeBreak, "break_off 0");
+        return note(debut + dureeBreak, "write 513 00ff").note(debut + dureeBreak, "write_end 513");
     }
 
     releve::Chiffres chiffres() const { return releve::calculer(releve::lire(texte).evenements); }
@@ -26,7 +26,7 @@ public:
 
 } // namespace
 
-TEST(Releve, LesChiffresLaissentLaPremiereSeconde) {
+TEST(Releve, lesChiffresLaissentLaPremiereSeconde) {
     Faux faux;
     faux.trame(0, 50);
     for (int i = 0; i <= 100; ++i) { // la 100e période dure 5 ms de trop, la 101e trame la clôt
@@ -43,14 +43,14 @@ TEST(Releve, LesChiffresLaissentLaPremiereSeconde) {
     EXPECT_NEAR(chiffres.periodeEcartType, 497.5, 0.1);
     EXPECT_DOUBLE_EQ(chiffres.gigueP99, 0);
     EXPECT_NEAR(chiffres.tramesParSeconde, 33.278, 0.001);
-    EXPECT_DOUBLE_EQ(chiffres.ruptureMin, 200) << "celle de 50 µs est dans la première seconde";
-    EXPECT_DOUBLE_EQ(chiffres.ruptureP50, 250);
+    EXPECT_DOUBLE_EQ(chiffres.breakMin, 200) << "celui de 50 µs est dans la première seconde";
+    EXPECT_DOUBLE_EQ(chiffres.breakP50, 250);
     EXPECT_DOUBLE_EQ(chiffres.calculProcessus, 90);
     EXPECT_DOUBLE_EQ(chiffres.calculFil, 80);
     EXPECT_EQ(chiffres.coupees, 0U);
 }
 
-TEST(Releve, LesTramesCoupeesEtLesEchecsComptentToujoursEtUneSessionNEstPasUnePeriode) {
+TEST(Releve, lesTramesCoupeesComptentToujours) {
     Faux faux;
     faux.trame(0).trame(22'800).trame(60'000); // 200 + 125 + 513 × 44 = 22 897 µs
     faux.note(90'000, "break_on 0").note(120'000, "break_on 0").note(120'200, "write_fail 4");

@@ -16,7 +16,7 @@ void attendreDext(const std::string& listage, bool present, bool actif) {
 
 } // namespace
 
-TEST(Interpretation, SeulLeChiffreUnDitUnePuceApple) {
+TEST(Interpretation, seulLeChiffreUnDitUnePuceApple) {
     EXPECT_TRUE(estPuceApple("1"));
     EXPECT_TRUE(estPuceApple("\u00A01\r\n"));
     for (const char* non : {"", "0\n", "11\n", "1 1\n", "hw.optional.arm64: 1\n"}) {
@@ -25,7 +25,7 @@ TEST(Interpretation, SeulLeChiffreUnDitUnePuceApple) {
     EXPECT_FALSE(estPuceApple(forme("sysctl-arm64-intel.txt")));
 }
 
-TEST(Interpretation, D2xxHelperSeCherchePartoutMaisPasSousLeMemeNom) {
+TEST(Interpretation, d2xxHelperSeCherchePartoutMaisPasSousLeMemeNom) {
     const std::string avec = forme("kmutil-inspect-avec-d2xxhelper.txt");
     const std::string sans = forme("kmutil-inspect-sans-d2xxhelper.txt");
     const std::string ancien = forme("kextstat-macos10.15-ftdi.txt");
@@ -38,7 +38,7 @@ TEST(Interpretation, D2xxHelperSeCherchePartoutMaisPasSousLeMemeNom) {
     }
 }
 
-TEST(Interpretation, LaLigneDeLExtensionDitSonEtat) {
+TEST(Interpretation, laLigneDeLExtensionDitSonEtat) {
     attendreDext(forme("sysext-ftdi-actif-macos15.txt"), true, true);
     attendreDext(forme("sysext-ftdi-desactive-macos15.txt"), true, false);
     attendreDext(forme("sysext-ftdi-deux-lignes-macos14.txt"), true, true);

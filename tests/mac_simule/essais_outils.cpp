@@ -2,12 +2,28 @@
 
 #include "mac_essai.hpp"
 
-namespace fs = std::filesystem;
-
 namespace {
 
-const std::string kD2xx =
-    "com.FTDI.driver.D2xxHelper\t2.0.0\t/Library/Extensions/D2xxHelper.kext\n";
+// Un fait posé d'abord, s'il est nommé ; la réponse est tout le texte, celle d'un refus le
+// contient.
+struct Cas {
+    std::string commande;
+    int code;
+    std::string reponse, fait{}, valeur{};
+};
+
+void suivre(const MacEssai& mac, const std::vector<Cas>& table) {
+    for (const Cas& cas : table) {
+        if (!cas.fait.empty()) {
+            mac.poserEtat(cas.fait, cas.valeur);
+        }
+        const Systeme::Resultat dit = mac.outil(cas.commande);
+        EXPECT_EQ(dit.code, cas.code) << cas.commande;
+        EXPECT_TRUE(cas.code == 0 ? dit.sortie == cas.reponse : contient(dit.sortie, cas.reponse))
+            << cas.fait << cas.valeur << cas.commande << "\n"
+            << dit.sortie;
+    }
+}
 
 // Les lignes d'extension d'une forme, et les catégories autres que celle des pilotes.
 std::string faitDeLaForme(const std::string& texte) {
@@ -25,89 +41,69 @@ std::string faitDeLaForme(const std::string& texte) {
 
 } // namespace
 
-TEST(Outils, RepondentDApresEtatDansLaFormeDesVrais) {
-    const MacEssai apple("complet");
-    EXPECT_EQ(apple.dit("/usr/sbin/sysctl -n hw.optional.arm64"), "1\n");
-    EXPECT_EQ(apple.dit("/usr/sbin/sysctl -n kern.boottime"), apple.lire("/etat/demarrage"));
-    apple.poserEtat("modele", "Mac16,1"); // une valeur tapée à la main, sans fin de ligne
-    EXPECT_EQ(apple.dit("/usr/sbin/sysctl -n hw.model"), "Mac16,1\n");
-    EXPECT_EQ(apple.dit("/usr/bin/kmutil inspect"), forme("kmutil-inspect-avec-d2xxhelper.txt"));
-    apple.poserEtat("kexts_charges", "");
-    EXPECT_EQ(apple.dit("/usr/bin/kmutil inspect"), forme("kmutil-inspect-sans-d2xxhelper.txt"));
+TEST(Outils, repondentDApresLesFaits) {
+    const MacEssai mac("complet");
+    suivre(mac, {{"/usr/sbin/sysctl -n hw.optional.arm64", 0, "1\n"},
+                 {"/usr/sbin/sysctl -n kern.boottime", 0, mac.lire("/etat/demarrage")},
+                 // Une valeur tapée à la main, sans fin de ligne.
+                 {"/usr/sbin/sysctl -n hw.model", 0, "Mac16,1\n", "modele", "Mac16,1"},
+                 {"/usr/bin/kmutil inspect", 0, forme("kmutil-inspect-avec-d2xxhelper.txt")},
+                 {"/usr/bin/kmutil inspect", 0, forme("kmutil-inspect-sans-d2xxhelper.txt"),
+                  "kexts_charges", ""}});
 }
 
-TEST(Outils, KmutilReconstruitSelonLApprobationEtNeDechargeRien) {
+TEST(Outils, kmutilReconstruitSelonLApprobation) {
     const MacEssai mac("complet");
-    EXPECT_EQ(mac.dit("/usr/bin/kmutil rebuild"),
-              "Checking the auxiliary kernel collection...\nNo changes detected\n");
+    const std::string rien = "Checking the auxiliary kernel collection...\n";
+    const std::string rebuild = "/usr/bin/kmutil rebuild";
+    suivre(mac,
+           {{rebuild, 0, rien + "No changes detected\n"}, {rebuild, 0, rien, "kmutil", "muet\n"}});
     mac.retirer("/Library/Extensions/D2xxHelper.kext");
-
-    mac.poserEtat("kmutil", "refuse\n");
-    const Systeme::Resultat refus = mac.outil("/usr/bin/kmutil rebuild");
-    EXPECT_EQ(refus.code, 250);
-    EXPECT_TRUE(contient(refus.sortie, "LocalAuthentication Code=-6"));
-    mac.poserEtat("kmutil", "muet\n");
-    const std::string muet = mac.dit("/usr/bin/kmutil rebuild");
-    EXPECT_FALSE(contient(muet, "reboot is required") || contient(muet, "No changes")) << muet;
-
-    mac.poserEtat("kmutil", "confirme\n");
-    EXPECT_EQ(mac.dit("/usr/bin/kmutil rebuild"), forme("kmutil-rebuild-retrait.txt"));
-    EXPECT_EQ(mac.lire("/etat/kexts_charges"), kD2xx);
-    EXPECT_TRUE(contient(mac.dit("/usr/bin/kmutil rebuild"), "No changes"));
+    suivre(mac, {{rebuild, 250, "LocalAuthentication Code=-6", "kmutil", "refuse\n"},
+                 {rebuild, 0, forme("kmutil-rebuild-retrait.txt"), "kmutil", "confirme\n"},
+                 {rebuild, 0, rien + "No changes detected\n"}});
 }
 
-TEST(Outils, KmutilChangeAvecLaVersion) {
-    const MacEssai mac("complet");
-    const auto nommeRebuild = [&](const std::string& version) {
-        mac.poserEtat("version", version + "\n");
-        return contient(mac.dit("/usr/bin/kmutil help"), "rebuild");
-    };
-    EXPECT_FALSE(nommeRebuild("11.3.1"));
-    EXPECT_EQ(mac.outil("/usr/bin/kmutil rebuild").code, 64);
-    EXPECT_EQ(mac.dit("/usr/bin/kmutil install --update-all"), "");
-    EXPECT_TRUE(nommeRebuild("11.4"));
-    EXPECT_TRUE(nommeRebuild("13.0"));
-    const Systeme::Resultat kdk = mac.outil("/usr/bin/kmutil install --update-all");
-    EXPECT_NE(kdk.code, 0);
-    EXPECT_TRUE(contient(kdk.sortie, "Missing Developer Kit: As of macOS 13.0"));
-    EXPECT_EQ(mac.outil("/usr/bin/kmutil imprevu").code, 64);
+TEST(Outils, kmutilChangeAvecLaVersion) {
+    suivre(MacEssai("complet"),
+           {{"/usr/bin/kmutil help | grep rebuild", 1, "", "version", "11.3.1\n"},
+            {"/usr/bin/kmutil rebuild", 64, "Unexpected argument"},
+            {"/usr/bin/kmutil install --update-all", 0, ""},
+            {"/usr/bin/kmutil help | grep -c rebuild", 0, "1\n", "version", "11.4\n"},
+            {"/usr/bin/kmutil help | grep -c rebuild", 0, "1\n", "version", "13.0\n"},
+            {"/usr/bin/kmutil install --update-all", 1, "Missing Developer Kit: As of macOS"},
+            {"/usr/bin/kmutil imprevu", 64, "Unexpected argument"}});
 }
 
-TEST(Outils, CeuxDUnVieuxMacOntLaFormeDeMacos1015) {
-    const MacEssai mac("ancien-macos");
-    const Systeme::Resultat inconnu = mac.outil("/usr/sbin/sysctl -n hw.optional.arm64");
-    EXPECT_EQ(inconnu.sortie, forme("sysctl-arm64-intel.txt"));
-    EXPECT_EQ(inconnu.code, 1);
-    mac.poserEtat("kexts_charges", "");
-    std::string attendu = forme("kextstat-macos10.15-ftdi.txt");
-    const auto serie = attendu.find("  161 ");
-    attendu.erase(serie, attendu.find('\n', serie) + 1 - serie);
-    EXPECT_EQ(mac.dit("/usr/sbin/kextstat"), attendu);
-    mac.poserEtat("kexts_charges", kD2xx);
-    EXPECT_TRUE(contient(mac.dit("/usr/sbin/kextstat"), "com.FTDI.driver.D2xxHelper (2.0.0) "));
-    EXPECT_EQ(mac.outil("/usr/sbin/kextcache -i /").code, 0);
-    EXPECT_NE(mac.outil("/usr/sbin/kextcache").code, 0);
+TEST(Outils, ceuxDUnVieuxMacOntLaFormeDeMacos1015) {
+    std::string aucune = forme("kextstat-macos10.15-ftdi.txt");
+    const auto serie = aucune.find("  161 ");
+    aucune.erase(serie, aucune.find('\n', serie) + 1 - serie);
+    suivre(MacEssai("ancien-macos"),
+           {{"/usr/sbin/sysctl -n hw.optional.arm64", 1, forme("sysctl-arm64-intel.txt")},
+            {"/usr/sbin/kextstat | grep -c 'com.FTDI.driver.D2xxHelper (2.0.0) '", 0, "1\n"},
+            {"/usr/sbin/kextstat", 0, aucune, "kexts_charges", ""},
+            {"/usr/sbin/kextcache", 64, "usage"}});
 }
 
-TEST(Outils, SystemextensionsctlALesFormesDeMacos14Et15) {
+TEST(Outils, systemextensionsctlALesFormesDesDeuxMacos) {
     const MacEssai mac("extension-seule");
-    EXPECT_EQ(mac.dit("/usr/bin/systemextensionsctl list"), forme("sysext-ftdi-actif-macos15.txt"));
+    const std::string lister = "/usr/bin/systemextensionsctl list";
+    suivre(mac, {{lister, 0, forme("sysext-ftdi-actif-macos15.txt")},
+                 {"/usr/bin/systemextensionsctl imprevu", 64, ""}});
     for (const char* nom :
          {"sysext-aucune.txt", "sysext-sans-ftdi.txt", "sysext-ftdi-desactive-macos15.txt",
           "sysext-ftdi-arret-en-cours.txt", "sysext-ftdi-deux-lignes-macos14.txt"}) {
         mac.poserEtat("version", contient(nom, "macos14") ? "14.5.0\n" : "15.1\n");
-        mac.poserEtat("extensions_systeme", faitDeLaForme(forme(nom)));
-        EXPECT_EQ(mac.dit("/usr/bin/systemextensionsctl list"), forme(nom)) << nom;
+        suivre(mac, {{lister, 0, forme(nom), "extensions_systeme", faitDeLaForme(forme(nom))}});
     }
-    EXPECT_EQ(mac.outil("/usr/bin/systemextensionsctl imprevu").code, 64);
 }
 
-TEST(Outils, OpenDitPourquoiIlRefuse) {
-    const MacEssai mac("pret");
-    for (const char* refus : {"-a Inconnu /Users/x", "-a Terminal /Users/absent",
-                              "/Applications/A.app", "https://exemple.fr", "/etc/passwd", ""}) {
-        const Systeme::Resultat fini = mac.outil(std::string("/usr/bin/open ") + refus);
-        EXPECT_EQ(fini.code, 1) << refus;
-        EXPECT_NE(fini.sortie, "");
-    }
+TEST(Outils, openDitPourquoiIlRefuse) {
+    suivre(MacEssai("pret"), {{"/usr/bin/open -a Inconnu /Users/x", 1, "named 'Inconnu'"},
+                              {"/usr/bin/open -a Terminal /Users/absent", 1, "not exist"},
+                              {"/usr/bin/open /Applications/A.app", 1, "not exist"},
+                              {"/usr/bin/open https://exemple.fr", 1, "URL https:"},
+                              {"/usr/bin/open /etc/passwd", 1, "not exist"},
+                              {"/usr/bin/open", 1, "Usage"}});
 }

@@ -31,17 +31,9 @@ public:
         return lancer(cite(reel(commande.substr(0, fin))) + commande.substr(fin));
     }
 
-    std::string dit(const std::string& commande) const { return outil(commande).sortie; }
-
     // Vrai quand le dossier courant d'un processus est dans la racine.
     bool habite() const {
-        std::error_code partis; // un processus peut finir pendant la lecture
-        for (const auto& entree : std::filesystem::directory_iterator("/proc", partis)) {
-            const auto ou = std::filesystem::read_symlink(entree.path() / "cwd", partis).string();
-            if (ou.rfind(racine().string(), 0) == 0) {
-                return true;
-            }
-        }
-        return false;
+        return lancer("ls -l /proc/[0-9]*/cwd | grep -F " + cite("-> " + racine().string())).code ==
+               0;
     }
 };

@@ -20,7 +20,9 @@
 #include <spawn.h>
 #include <string>
 #include <sys/auxv.h>
+#include <sys/eventfd.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -114,6 +116,10 @@ REMPLACER(int, link, "link", EPERM, b, (const char* a, const char* b), (a, b), n
 REMPLACER(int, mkdir, "mkdir", ENOSPC, a, (const char* a, mode_t droits), (a, droits), noexcept)
 REMPLACER(int, chmod, "chmod", EPERM, a, (const char* a, mode_t droits), (a, droits), noexcept)
 REMPLACER(int, fchmod, "chmod", EPERM, f, (int f, mode_t droits), (f, droits), noexcept)
+REMPLACER(int, unlink, "unlink", EPERM, a, (const char* a), (a), noexcept)
+REMPLACER(int, rmdir, "rmdir", EPERM, a, (const char* a), (a), noexcept)
+REMPLACER(int, eventfd, "eventfd", EMFILE, "réveil", (unsigned n, int o), (n, o), noexcept)
+REMPLACER(pid_t, waitpid, "waitpid", ECHILD, "enfant", (pid_t p, int* s, int o), (p, s, o), )
 REMPLACER(int, pipe2, "pipe", EMFILE, "tube", (int tube[2], int options), (tube, options), noexcept)
 
 ssize_t write(int fichier, const void* octets, size_t nombre) {

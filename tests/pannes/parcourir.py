@@ -14,12 +14,14 @@ import sys
 import tempfile
 
 CONSTRUCTION = pathlib.Path(sys.argv[1]).resolve()
-DOCUMENT = pathlib.Path(__file__).resolve().parents[2] / "docs/robustesse.md"
+RACINE = pathlib.Path(__file__).resolve().parents[2]
+DOCUMENT = RACINE / "docs/robustesse.md"
 PAQUET = CONSTRUCTION / "Assistant Lumivia.app"
 MAISON = "/Users/Zoé du son/Library/"
 JOURNAL = MAISON + "Logs/Assistant Lumivia.log"
 DOSSIER = MAISON + "Application Support/Assistant Lumivia"
 SCRIPT = DOSSIER + "/retirer-ancien-pilote.command"
+RESULTAT = DOSSIER + "/resultat-retrait.txt"
 AGENT = MAISON + "LaunchAgents/fr.voltaris.assistant-lumivia.relance.plist"
 DEMARRAGE, DEMANDE = "/etat/demarrage", "/etat/redemarrage_demande"
 MARQUE = MAISON + "Preferences/fr.voltaris.assistant-lumivia/redemarrageEnAttenteDepuisDemarrage"
@@ -34,23 +36,13 @@ echo 'sauvegarde : /x' >>"$script.affiche"
 mv "$script.affiche" "$LUMIVIA_MAC$resultat"
 """, "kmutil": '#!/bin/sh\nexec cat "$LUMIVIA_MAC/etat/listage"\n'}
 LISTAGE = "".join(f"com.exemple.pilote{n}\t1.0\t/Library/Extensions/N.kext\n" for n in range(3000))
-DESACTIVEE = "*\t\t658CPPCMJJ\tcom.ftdi.vcp.dext (1.6/0)\tNullDriver\t[activated disabled]"
 RAPPORT = "Copier le rapport pour le support"
 ECHEC = "Le retrait n'a pas abouti"
-VITE, LENT = "@vitesse_horloge=10", "@vitesse_horloge=0.05"
-GESTES = [["Bienvenue", "Analyser mon Mac"], ["Résultat de l'analyse", "Continuer", VITE],
-          ["Retirer l'ancien pilote", "Retirer", LENT],
-          [ECHEC, "Réessayer", VITE], ["Branchez l'émetteur", "Réessayer"],
-          ["Désactiver le pilote FTDI", "Ouvrir les Réglages",
-           "@extensions_systeme=" + DESACTIVEE, "J'ai terminé"],
-          ["Redémarrer le Mac", "Redémarrer maintenant", RAPPORT, "fermer"],
-          ["Tester avec votre projecteur", "Allumer", "Clignoter", "Éteindre", "Non"],
-          ["Le projecteur ne réagit pas", "Refaire le test"],
-          ["Tester avec votre projecteur", "Allumer", "Oui"],
-          ["Tout fonctionne 🎉", RAPPORT, "Quitter"]]
+GESTES = RACINE.joinpath("tests/pannes/parcours.gestes").read_text()
 
 NATURES = {JOURNAL: "le journal", SCRIPT: "le script de retrait", "/etat/usb": "le registre USB",
-           DOSSIER + "/resultat": "le résultat du retrait", AGENT: "l'agent de relance",
+           RESULTAT: "le résultat du retrait", AGENT: "l'agent de relance",
+           "réveil": "le réveil de la boucle",
            MARQUE: "la marque du redémarrage", DEMANDE: "la demande de redémarrage"}
 CAUSES = {"le script de retrait": "Impossible d'écrire le script : « /",
           "l'agent de relance": "Relance automatique impossible : « /",
@@ -65,17 +57,18 @@ DIAGNOSTIC = re.compile(
 
 def creer_modele(nom, scenario, dossier):
     mac = dossier / nom
-    subprocess.run([CONSTRUCTION / "mac_simule/racine/creer_mac", "--utilisateur", "Zoé du son",
+    subprocess.run([RACINE / "mac_simule/racine/creer_mac", "--utilisateur", "Zoé du son",
                     "--scenario", scenario, mac], check=True, stdout=subprocess.DEVNULL)
     for outil, texte in OUTILS.items():
         (mac / "usr/bin" / outil).write_text(texte)
     (mac / "etat/vitesse_horloge").write_text("0.05")
     (mac / "etat/listage").write_text(LISTAGE + (mac / "etat/kexts_charges").read_text())
     (mac / "Applications/Assistant Lumivia.app").symlink_to(PAQUET)
-    if nom == "rouvert":
-        for chemin in (AGENT, JOURNAL):
-            pathlib.Path(f"{mac}{chemin}").parent.mkdir(exist_ok=True)
-            pathlib.Path(f"{mac}{chemin}").write_text("[2026-01-01 00:00:00] Avant\n")
+    # D'une fois d'avant : un temporaire de processus mort, un résultat (en dossier), une marque.
+    for chemin in ((AGENT, JOURNAL, MARQUE) if nom == "rouvert" else
+                   (SCRIPT + ".0zzzzz", RESULTAT + "/dedans")):
+        pathlib.Path(f"{mac}{chemin}").parent.mkdir(parents=True, exist_ok=True)
+        pathlib.Path(f"{mac}{chemin}").write_text("[2026-01-01 00:00:00] Avant\n")
     return mac
 
 
@@ -112,15 +105,19 @@ class Vie:
         avant, self.panne, apres = fin.stdout.partition("panne\t")
         self.avant = re.findall("^(?:page|clic)\t(.*)", "page\t\n" + avant, re.M)[-1]
         self.chemin = apres.partition("\n")[0].replace(self.mac, "")
+        # Ce qui n'a pas pu être retiré, et reste sans gêner.
+        self.refuse = self.genre == "unlink" and RESULTAT not in self.chemin and self.chemin
+        self.restes = [nom for nom in self.restes if nom != f"{self.mac}{self.refuse}"]
+        self.fichiers.pop(self.refuse, None)
 
     def vivre(self, dossier, panne):
         return subprocess.run(
             [PAQUET / "Contents/MacOS/Assistant Lumivia"], capture_output=True, text=True,
             stdin=subprocess.DEVNULL, timeout=120, env={
                 "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", "HOME": dossier,
-                "LUMIVIA_MAC": self.mac, "QT_QPA_PLATFORM": "offscreen",
-                "LUMIVIA_GESTES": "\n".join("|".join(gestes) for gestes in GESTES),
-                "LUMIVIA_PANNE": panne,
+                "LUMIVIA_MAC": self.mac, "LUMIVIA_GESTES": GESTES, "LUMIVIA_PANNE": panne,
+                "QT_QPA_PLATFORM": "offscreen", "QT_QPA_GENERIC_PLUGINS": "robot",
+                "QT_PLUGIN_PATH": CONSTRUCTION / "mac_simule/robot",
                 "LD_PRELOAD": str(CONSTRUCTION / "tests/pannes/libpannes.so")})
 
     def restes_d_une_mort(self, temoin):
@@ -147,6 +144,8 @@ class Vie:
 
     def nature(self):
         """Ce que servait l'appel qui a échoué."""
+        if self.genre in ("unlink", "rmdir") and self.chemin.startswith(RESULTAT):
+            return NATURES[SCRIPT]
         for debut, nature in NATURES.items():
             if self.chemin.startswith(debut):
                 return nature
@@ -159,6 +158,11 @@ class Vie:
                 "Ouvrir les Réglages": "les Réglages"}.get(self.avant, "un outil interrogé")
 
     def fautes(self, temoin):
+        if self.meurt:
+            return self.restes_d_une_mort(temoin)
+        return self.suites_d_une_panne(temoin) if self.panne else ()
+
+    def suites_d_une_panne(self, temoin):
         """Ce qui n'est pas comme il se doit, d'après le passage sans panne."""
         nature = self.nature()
         pareil = (self.pages, self.alertes, self.journal) == (
@@ -184,12 +188,12 @@ class Vie:
             ligne in temoin.journal or DIAGNOSTIC.fullmatch(ligne) or re.match("|".join(
                 [*CAUSES.values(), "Démarrage de l'assistant .$",
                  r"Résultat du retrait \(ok\) :\n"]), ligne) for ligne in self.journal)
-        inoffensive = self.genre == "write coupé" or (
-            self.genre in ("read", "close") and nature in ("le Terminal", "les Réglages"))
+        inoffensive = self.refuse or self.genre == "write coupé" or self.genre in {
+            "le Terminal": ("read", "close"), "un outil interrogé": ("waitpid",)}.get(nature, ())
         yield "la cause n'est pas la bonne", causes != [
             cause for sienne, cause in CAUSES.items() if sienne == nature and not inoffensive]
         if inoffensive or nature in ("le journal", "les Réglages", "le résultat du retrait",
-                                     "la demande de redémarrage"):
+                                     "la demande de redémarrage", "le réveil de la boucle"):
             yield "la panne se voit", not pareil
         elif nature in ("le script de retrait", "le Terminal"):
             yield "l'échec ne se montre pas une fois", self.pages.count(ECHEC) != 1
@@ -211,7 +215,7 @@ class Vie:
 
 
 # Une mort où rien n'est en train de s'écrire ne laisse rien à réparer.
-MORTELS = ("open", "write", "write coupé", "rename", "link", "mkdir", "chmod", "spawn")
+MORTELS = [*"open write rename link mkdir chmod spawn unlink rmdir".split(), "write coupé"]
 
 
 def main():
@@ -224,24 +228,19 @@ def main():
             modele = creer_modele(nom, scenario, pathlib.Path(dossier))
             temoin = Vie(modele)
             # Un outil s'écoule en plus ou moins de lectures d'une fois à l'autre.
-            taches += [(deux.submit(Vie, modele, genre, rang), temoin)
+            taches += [(deux.submit(Vie, modele, genre, rang, mort), temoin)
                        for genre, compte in (ligne.split("\t") for ligne in temoin.dits("compte"))
+                       for mort in (False, True)[:1 + (genre in MORTELS)]
                        for rang in range(1, int(compte) + 1 + 4 * (genre == "read"))]
-            taches += [(deux.submit(Vie, modele, genre, rang, True), temoin)
-                       for genre, compte in (ligne.split("\t") for ligne in temoin.dits("compte"))
-                       if genre in MORTELS for rang in range(1, int(compte) + 1)]
         for tache, temoin in taches:
             vie = tache.result()
             if vie.meurt:
                 morts += 1
-                if fautes := [phrase for phrase, vraie in vie.restes_d_une_mort(temoin) if vraie]:
-                    mauvaises += 1
-                    print(f"{vie.nom} : {', '.join(fautes)}\n{vie.sortie}")
             elif vie.panne:
                 points[vie.nature()][vie.genre] += 1
-                if fautes := [phrase for phrase, vraie in vie.fautes(temoin) if vraie]:
-                    mauvaises += 1
-                    print(f"{vie.nom}, {vie.nature()} : {', '.join(fautes)}\n{vie.sortie}")
+            if fautes := [phrase for phrase, vraie in vie.fautes(temoin) if vraie]:
+                mauvaises += 1
+                print(f"{vie.nom}, {vie.nature()} : {', '.join(fautes)}\n{vie.sortie}")
     for nature, atteints in points.items():
         appels = ", ".join(f"{genre} {n}" for genre, n in sorted(atteints.items()))
         print(f"{nature} : {appels}")

@@ -29,8 +29,8 @@ class Executable(unittest.TestCase):
         for puce, tranche in self.tranches.items():
             construite = tranche.commandes[macho.mach_o.LC_BUILD_VERSION]
             minimum, alignement = PUCES[puce]
-            self.assertEqual(construite.minos, minimum, puce)
-            self.assertEqual(construite.platform, 1, f"{puce} : pas pour macOS")
+            self.assertEqual((construite.minos, construite.sdk, construite.platform),
+                             (minimum, 0xB0000, 1), f"{puce} : pas pour ce macOS")
             self.assertEqual(tranche.place % alignement, 0, f"{puce} : pas alignée")
             self.assertEqual(tranche.entete.filetype, 2, f"{puce} : pas un programme")
             self.assertTrue(tranche.entete.flags & 0x200000, f"{puce} : adresse fixe")

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(SuiteDeClics, SeuleCelleQuiACommenceSurLeBoutonEstPourLui) {
+TEST(SuiteDeClics, seuleCelleQuiACommenceSurLeBoutonEstPourLui) {
     plateforme::SuiteDeClics clics;
     EXPECT_FALSE(clics.accepte(2));
     EXPECT_FALSE(clics.accepte(3));

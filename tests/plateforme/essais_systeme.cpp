@@ -2,7 +2,7 @@
 
 #include "commun/mac.hpp"
 #include "plateforme/fichiers.hpp"
-#include "plateforme/posix/natif.hpp"
+#include "plateforme/posix/particularites.hpp"
 #include "plateforme/preferences.hpp"
 
 #include <csignal>
@@ -11,7 +11,7 @@
 
 namespace fs = std::filesystem;
 
-TEST(Chemins, SeulsLesDossiersDuMacPassentSousLaRacine) {
+TEST(Chemins, seulsLesDossiersDuMacPassentSousLaRacine) {
     const essai::Mac mac;
     for (const std::string chemin : {"/Library", "/Library/x", "/Users/Zoé du son",
                                      "/Applications/", "/System/x", "/usr/bin/open", "/usr/sbin"}) {
@@ -25,16 +25,24 @@ TEST(Chemins, SeulsLesDossiersDuMacPassentSousLaRacine) {
     EXPECT_EQ(plateforme::natif::texteAffiche(reels), "/Library/a, /Users");
 }
 
-TEST(Fichiers, RetirerUnLienNeToucheRienDerriereLui) {
+TEST(Fichiers, unFichierPlusGrosQueLaLimiteNeSeLitPas) {
     const essai::Mac mac;
-    mac.poser("/Users/cible/dedans", "à garder");
-    fs::create_directory_symlink("cible", mac.reel("/Users/lien"));
-    EXPECT_TRUE(plateforme::supprimer("/Users/lien"));
-    EXPECT_EQ(mac.lire("/Users/cible/dedans"), "à garder");
-    EXPECT_FALSE(plateforme::supprimer("/Users/lien"));
+    mac.poser("/Users/f", "cinq!");
+    EXPECT_EQ(plateforme::lireFichier("/Users/f", 5), "cinq!");
+    EXPECT_FALSE(plateforme::lireFichier("/Users/f", 4).has_value());
 }
 
-TEST(Preferences, SurviventAUneFinBrutaleEtSeRetirent) {
+TEST(Fichiers, retirerUnDossierNeToucheRienDerriereSesLiens) {
+    const essai::Mac mac;
+    mac.poser("/Users/cible/dedans", "à garder");
+    mac.poser("/Users/dossier/sous/fichier", "");
+    fs::create_directory_symlink("../cible", mac.reel("/Users/dossier/lien"));
+    EXPECT_EQ(plateforme::supprimer("/Users/dossier"), std::nullopt);
+    EXPECT_FALSE(fs::exists(mac.reel("/Users/dossier")));
+    EXPECT_EQ(mac.lire("/Users/cible/dedans"), "à garder");
+}
+
+TEST(Preferences, surviventAUneFinBrutale) {
     const essai::Mac mac;
     for (const char* ecrite : {"{ sec = 1785291581 } été\nfin ", ""}) {
         if (::fork() == 0) {

@@ -6,7 +6,7 @@
 
 using Noms = std::vector<std::string>;
 
-TEST(ListeDeProprietes, SeRelitTelleQuelle) {
+TEST(ListeDeProprietes, seRelitTelleQuelle) {
     const essai::Mac mac;
     const auto liste =
         plateforme::serialiserListe({{"un & <deux>", std::string(" \"é'🎉]]>\r\t\n ")},
@@ -20,7 +20,7 @@ TEST(ListeDeProprietes, SeRelitTelleQuelle) {
               "'faux': False}");
 }
 
-TEST(ListeDeProprietes, UnCaractereInterditEstUnEchecDit) {
+TEST(ListeDeProprietes, unCaractereInterditEstUnEchecDit) {
     for (const std::string interdit : {"a\x1F", "a\uFFFE"}) {
         const auto liste = plateforme::serialiserListe({{"cle", interdit}});
         EXPECT_FALSE(liste.octets.has_value());

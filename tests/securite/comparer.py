@@ -1,6 +1,7 @@
 """Compare la trace d'une démonstration aux tables du document de sécurité.
 
-Utilisation : comparer.py DOCUMENT DOSSIER, où DOSSIER est celui de l'essai (trace, mac, images…).
+Utilisation : comparer.py DOCUMENT DOSSIER ROBOT, où DOSSIER est celui de l'essai (trace, mac,
+images…) et ROBOT celui du greffon.
 """
 
 import codecs
@@ -13,6 +14,7 @@ from pathlib import Path
 ECRITURES = re.compile(r"creat|(mk(dir|nod)|rename|link|symlink|unlink|rmdir|truncate|[lf]?chown|"
                        r"f?chmod|utime|l?setxattr|l?removexattr)(s|at|at2|nsat)?")
 REGARDS = re.compile(r"(new)?[fl]?stat(x|at|fs)?|f?access(at|at2)?|readlink(at)?|chdir")
+ROBOT = sys.argv[3]
 EXECUTABLE = "/Assistant Lumivia.app/Contents/MacOS/Assistant Lumivia"
 APPEL = re.compile(r"^(\w+)\((.*)\) += (.*)$", re.M)
 
@@ -69,12 +71,12 @@ def comme_le_document(chemin, essai):
     maison = "/Users/" + (essai / "mac/etat/utilisateur").read_text().strip()
     for prefixe, ecrit in ((f"{essai}/mac{maison}", "~"), (maison, "~"),
                            (f"{essai}/mac/etat", "etat"), (f"{essai}/mac", ""),
-                           (f"{essai}/images", "$LUMIVIA_DEMONSTRATION"),
+                           (f"{essai}/images", "$LUMIVIA_DEMONSTRATION"), (ROBOT, "$QT_PLUGIN_PATH"),
                            (f"{essai}/releve", "$LUMIVIA_RELEVE_DMX"),
                            (f"{essai}/maison", "$HOME"), (f"{essai}", "$XDG_RUNTIME_DIR")):
         if chemin == prefixe or chemin.startswith(prefixe + "/"):
             return ecrit + chemin[len(prefixe):]
-    if str(essai).startswith(chemin + "/"):
+    if any(f"{lieu}/".startswith(chemin + "/") for lieu in (essai, ROBOT)):
         return "$XDG_RUNTIME_DIR"  # le chemin qui y mène
     return f"linux:{chemin}" if chemin.startswith("/") else chemin
 

@@ -34,7 +34,7 @@ protected:
 
 } // namespace
 
-TEST_F(Commande, DeuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
+TEST_F(Commande, deuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
     const std::size_t taille = 200UL * 1024 * 1024 + 7;
     const Systeme::Resultat fin = sh("head -c $1 /dev/zero | tr '\\0' x", {std::to_string(taille)});
     EXPECT_EQ(fin.code, 0);
@@ -42,11 +42,11 @@ TEST_F(Commande, DeuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
     EXPECT_EQ(fin.sortie.find_first_not_of('x'), std::string::npos);
 }
 
-TEST_F(Commande, CeQuiNeTientPasEnMemoireSeDitEtNeLeveRien) {
+TEST_F(Commande, ceQuiNeTientPasEnMemoireSeDit) {
     if (std::getenv("TSAN_OPTIONS") != nullptr) {
         GTEST_SKIP() << "les assainisseurs arrêtent un programme qui manque de mémoire";
     }
-    const essai::Limite limite(RLIMIT_AS, rlim_t{600} * 1024 * 1024);
+    essai::limiter(RLIMIT_AS, rlim_t{600} * 1024 * 1024);
     const std::string giga = "head -c 1000000000 /dev/zero | tr '\\0' ";
     const Systeme::Resultat fin = sh(giga + "x");
     EXPECT_GT(fin.sortie.size(), 1'000'000U);
@@ -54,7 +54,7 @@ TEST_F(Commande, CeQuiNeTientPasEnMemoireSeDitEtNeLeveRien) {
     EXPECT_FALSE(sh(giga + "'\\377'").sortie.empty()) << "ni en le décodant";
 }
 
-TEST_F(Commande, LesArgumentsLesDeuxSortiesEtLeStatutPassentTelsQuels) {
+TEST_F(Commande, toutPasseTelQuel) {
     std::signal(SIGCHLD, SIG_IGN); // comme un lanceur peut le laisser
     plateforme::retablirFinDesEnfants();
     const Systeme::Resultat fin = sh(
@@ -67,7 +67,7 @@ TEST_F(Commande, LesArgumentsLesDeuxSortiesEtLeStatutPassentTelsQuels) {
     EXPECT_EQ(sh("printf '\\303'; printf '\\251\\303'").sortie, "é\uFFFD"); // coupé, tronqué
 }
 
-TEST_F(Commande, LEnfantNeRecoitNiDescripteurNiReglageDeSignal) {
+TEST_F(Commande, lEnfantNeRecoitNiDescripteurNiReglageDeSignal) {
     ASSERT_EQ(::dup2(::open("/dev/null", O_RDONLY), 900), 900); // passerait à un enfant ordinaire
     sigset_t tous;
     sigfillset(&tous);
@@ -81,7 +81,7 @@ TEST_F(Commande, LEnfantNeRecoitNiDescripteurNiReglageDeSignal) {
     }
 }
 
-TEST_F(Commande, LaFinEstCelleDuProgrammeQuoiQuIlFasseDeSaSortie) {
+TEST_F(Commande, laFinEstCelleDuProgrammeQuoiQuIlFasseDeSaSortie) {
     for (const auto& [script, code] :
          {std::pair{"echo dit; exec >&- 2>&-; sleep 0.3; exit 42", 42}, // il ferme sa sortie
           {"(sleep 0.3; echo dit) & exit 3", 3},                        // un descendant la tient
@@ -95,7 +95,7 @@ TEST_F(Commande, LaFinEstCelleDuProgrammeQuoiQuIlFasseDeSaSortie) {
 
 // Un enfant qui hériterait du tube d'un autre le retiendrait : personne ne finirait avant le
 // premier, qui attend tous les autres.
-TEST_F(Commande, HuitCommandesALaFoisNeSAttendentPasNeSeMelentPasEtNeLaissentRien) {
+TEST_F(Commande, huitCommandesALaFoisSIgnorent) {
     const essai::Ressources avant;
     std::atomic<int> fautes{0};
     std::thread longue([&] {
@@ -121,17 +121,17 @@ TEST_F(Commande, HuitCommandesALaFoisNeSAttendentPasNeSeMelentPasEtNeLaissentRie
     EXPECT_TRUE(essai::Ressources().memesTenues(avant));
 }
 
-TEST_F(Commande, SansDescripteurLErreurEstDite) {
+TEST_F(Commande, sansDescripteurLErreurEstDite) {
     const int libre = ::open("/dev/null", O_RDONLY);
     ::close(libre);
-    const essai::Limite unSeul(RLIMIT_NOFILE,
-                               static_cast<rlim_t>(libre) + 1); // un tube en veut deux
+    essai::limiter(RLIMIT_NOFILE, static_cast<rlim_t>(libre) + 1); // un tube en veut deux
     const Systeme::Resultat fin = Systeme::commande("/bin/echo", {"oui"});
+    essai::limiter(RLIMIT_NOFILE, RLIM_INFINITY);
     EXPECT_EQ(fin.code, -1);
     EXPECT_EQ(fin.sortie, "« /bin/echo » : trop de fichiers sont ouverts (erreur 24).");
 }
 
-TEST_F(Commande, CeQuiNeSeLancePasSeTaitOuDitPourquoi) {
+TEST_F(Commande, ceQuiNeSeLancePasSeTaitOuDitPourquoi) {
     const essai::Ressources avant;
     const std::string nu = poser("nu", "#!/bin/true\n", 0644);
     for (const std::string& chemin : {nu, nu + "/dessous", std::string("/Users/absent"),
@@ -139,8 +139,10 @@ TEST_F(Commande, CeQuiNeSeLancePasSeTaitOuDitPourquoi) {
         EXPECT_EQ(Systeme::commande(chemin).sortie, "") << chemin;
         EXPECT_EQ(Systeme::commande(chemin).code, -1) << chemin;
     }
-    EXPECT_EQ(Systeme::commande(poser("format", "ni programme ni script\n", 0755)).sortie,
+    const auto refuse = Systeme::commande(poser("format", "ni programme ni script\n", 0755));
+    EXPECT_EQ(refuse.sortie,
               "« /Users/format » : le format du programme n'est pas reconnu (erreur 8).");
+    EXPECT_EQ(refuse.code, -1);
     EXPECT_EQ(Systeme::commande(poser("orphelin", "#!/nulle/part\n", 0755)).sortie,
               "« /Users/orphelin » : fichier ou dossier introuvable (erreur 2).");
     EXPECT_EQ(Systeme::commande(poser("bon", "#!/bin/true\n", 0755)).code, 0);

@@ -18,7 +18,7 @@ std::string remplacements(int nombre) {
 
 } // namespace
 
-TEST(Utf8, ChaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
+TEST(Utf8, chaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
     const std::pair<std::string, std::string> table[]{
         // Les exemples de la norme Unicode : formes trop longues, demi-codets, au-delà de U+10FFFF,
         // séquences tronquées.
@@ -35,7 +35,6 @@ TEST(Utf8, ChaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
         // Une marque d'ordre des octets et un zéro sont des caractères.
         {"\xEF\xBB\xBFtexte\xFF", "\xEF\xBB\xBFtexte" + R},
         {"a\0\xFF\0"s, "a\0"s + R + "\0"s},
-        {"\xEF\xBB\xBF", "\xEF\xBB\xBF"},
         // Les bornes de chaque longueur passent telles quelles.
         {kBornes, kBornes},
     };
@@ -51,7 +50,7 @@ TEST(Utf8, ChaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
     }
 }
 
-TEST(Utf8, LesBlancsDUnicodeSeRognentAuxDeuxBouts) {
+TEST(Utf8, lesBlancsDUnicodeSeRognentAuxDeuxBouts) {
     for (const std::string blanc :
          {"\t",     "\n",     "\v",     "\f",     "\r",     " ",      "\u0085", "\u00A0", "\u1680",
           "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006", "\u2007", "\u2008",
