@@ -48,9 +48,10 @@ std::string transcrire(std::vector<Vue> vues) {
 
 std::string nomDeFichier(const std::string& titre) {
     std::string nom;
-    for (const unsigned char c : remplacer(remplacer(titre, "é", "e"), "É", "e")) {
-        if (std::isalnum(c) != 0) {
-            nom += static_cast<char>(std::tolower(c));
+    for (const char c : remplacer(remplacer(titre, "é", "e"), "É", "e")) {
+        const auto octet = static_cast<unsigned char>(c);
+        if (std::isalnum(octet) != 0) {
+            nom += static_cast<char>(std::tolower(octet));
         } else if (!nom.empty() && nom.back() != '-') {
             nom += '-';
         }

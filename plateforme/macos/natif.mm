@@ -1,6 +1,6 @@
-#include "plateforme/posix/particularites.hpp"
 #include "plateforme/fichiers.hpp"
 #include "plateforme/macos/textes.hpp"
+#include "plateforme/posix/particularites.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>

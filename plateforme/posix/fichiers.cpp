@@ -248,8 +248,9 @@ Erreur supprimer(const std::string& chemin) {
     }
     const bool dossier = S_ISDIR(infos.st_mode);
     if (dossier) {
+        const std::string dedans = chemin + "/";
         for (const std::string& nom : elements(reel)) {
-            if (Erreur erreur = supprimer(chemin + "/" + nom)) {
+            if (Erreur erreur = supprimer(dedans + nom)) {
                 return erreur;
             }
         }

@@ -12,7 +12,7 @@ using namespace banc;
 
 namespace {
 
-constexpr d2xx::Nanosecondes seconde = 1'000'000'000;
+constexpr d2xx::Nanosecondes kSeconde = 1'000'000'000;
 
 void cliquer(const Banc& fenetre, const QString& titre) {
     const auto boutons = fenetre.findChildren<QAbstractButton*>();
@@ -26,24 +26,24 @@ void cliquer(const Banc& fenetre, const QString& titre) {
 TEST(Banc, leProjecteurDitCeQuIlRecoit) {
     d2xx::Reception recue{.milliTramesParSeconde = 32'800};
     recue.trames = recue.correctes = 1234;
-    recue.derniereTrame = recue.derniereComprise = seconde;
+    recue.derniereTrame = recue.derniereComprise = kSeconde;
     recue.niveauMin = recue.niveauMax = 255;
-    const Constat plein = constater(recue, seconde * 2);
+    const Constat plein = constater(recue, kSeconde * 2);
     EXPECT_EQ(plein.signal, Constat::Signal::correct);
     EXPECT_EQ(plein.niveau, 1);
     EXPECT_EQ(plein.lumiere, "Plein feu, 100 %");
     EXPECT_TRUE(plein.reception.startsWith("32,8 trames par seconde, 1"));
 
-    const Constat perdu = constater(recue, seconde * 2 + 1);
+    const Constat perdu = constater(recue, kSeconde * 2 + 1);
     EXPECT_EQ(perdu.signal, Constat::Signal::absent);
     EXPECT_EQ(perdu.niveau, 0);
-    EXPECT_EQ(constater(std::nullopt, seconde).lumiere, "Aucun signal");
+    EXPECT_EQ(constater(std::nullopt, kSeconde).lumiere, "Aucun signal");
 
     recue.verdict = d2xx::Verdict::breakCourt;
-    EXPECT_TRUE(constater(recue, seconde).diagnostic.contains("88 µs"));
+    EXPECT_TRUE(constater(recue, kSeconde).diagnostic.contains("88 µs"));
     recue.derniereComprise = 0;
-    EXPECT_EQ(constater(recue, seconde).lumiere, "Signal illisible");
-    EXPECT_EQ(constater(recue, seconde).niveau, 0);
+    EXPECT_EQ(constater(recue, kSeconde).lumiere, "Signal illisible");
+    EXPECT_EQ(constater(recue, kSeconde).niveau, 0);
 }
 
 TEST(Banc, lesInterrupteursChangentLesFaits) {

@@ -9,14 +9,14 @@ using namespace d2xx;
 
 namespace {
 
-constexpr Ligne dmx{.debit = 250'000, .bits = 8, .arrets = 2, .parite = 0, .flux = 0};
+constexpr Ligne kDmx{.debit = 250'000, .bits = 8, .arrets = 2, .parite = 0, .flux = 0};
 
 struct Envoi {
     Nanosecondes dureeBreak = microsecondes(200);
     Nanosecondes marque = microsecondes(125);
     std::size_t creneaux = 513;
     std::uint8_t codeDepart = 0;
-    Ligne ligne = dmx;
+    Ligne ligne = kDmx;
 };
 
 // Pose la trame à cet instant ; rend la fin de son dernier créneau.

@@ -8,12 +8,12 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string R = "\uFFFD";
+const std::string kRemplacement = "\uFFFD";
 
 const std::string kBornes = "\0\x7F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF"s;
 
 std::string remplacements(int nombre) {
-    return nombre == 0 ? "" : R + remplacements(nombre - 1);
+    return nombre == 0 ? "" : kRemplacement + remplacements(nombre - 1);
 }
 
 } // namespace
@@ -24,17 +24,18 @@ TEST(Utf8, chaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
         // séquences tronquées.
         {"\xC0\xAF\xE0\x80\xBF\xF0\x81\x82\x41", remplacements(8) + "A"},
         {"\xED\xA0\x80\xED\xBF\xBF\xED\xAF\x41", remplacements(8) + "A"},
-        {"\xF4\x91\x92\x93\xFF\x41\x80\xBF\x42", remplacements(5) + "A" + R + R + "B"},
+        {"\xF4\x91\x92\x93\xFF\x41\x80\xBF\x42",
+         remplacements(5) + "A" + kRemplacement + kRemplacement + "B"},
         {"\xE1\x80\xE2\xF0\x91\x92\xF1\xBF\x41", remplacements(4) + "A"},
         {"\xC1\xBF\xF5\x80\xFE", remplacements(5)},
         // Coupées à la fin ou par la suivante.
-        {"é\xC3", "é" + R},
-        {"\xE2\x82", R},
-        {"\xF0\x9F\x98", R},
-        {"\xF0\x9F\x98😀", R + "😀"},
+        {"é\xC3", "é" + kRemplacement},
+        {"\xE2\x82", kRemplacement},
+        {"\xF0\x9F\x98", kRemplacement},
+        {"\xF0\x9F\x98😀", kRemplacement + "😀"},
         // Une marque d'ordre des octets et un zéro sont des caractères.
-        {"\xEF\xBB\xBFtexte\xFF", "\xEF\xBB\xBFtexte" + R},
-        {"a\0\xFF\0"s, "a\0"s + R + "\0"s},
+        {"\xEF\xBB\xBFtexte\xFF", "\xEF\xBB\xBFtexte" + kRemplacement},
+        {"a\0\xFF\0"s, "a\0"s + kRemplacement + "\0"s},
         // Les bornes de chaque longueur passent telles quelles.
         {kBornes, kBornes},
     };
