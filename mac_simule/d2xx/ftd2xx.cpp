@@ -34,7 +34,7 @@ FT_STATUS FT_Open(std::int32_t rang, FT_HANDLE* poignee) {
         try {
             statut = Appareil::unique().ouvrir(rang, *poignee);
         } catch (const std::exception&) {
-            statut = d2xx::autreErreur; // plus de mémoire, de fil ou de descripteur
+            statut = d2xx::autreErreur; // plus de mémoire
         }
     }
     return noterAppel("FT_Open " + std::to_string(rang), statut);

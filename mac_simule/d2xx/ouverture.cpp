@@ -3,7 +3,7 @@
 namespace d2xx {
 
 Ouverture::Ouverture(const std::string& emetteur, Puce::Modele modele, Depot depot)
-    : guetteur_(emetteur), puce_(modele), depot_(std::move(depot)) {
+    : branchement_(emetteur), puce_(modele), depot_(std::move(depot)) {
     depot_.deposer(compteur_.bilan());
     releve_.noter(maintenant(), "open", 0);
 }

@@ -2,9 +2,9 @@
 // Un seul fil à la fois ; l'appareil y veille.
 #pragma once
 
+#include "mac_simule/d2xx/branchement.hpp"
 #include "mac_simule/d2xx/depot.hpp"
 #include "mac_simule/d2xx/ftd2xx.hpp"
-#include "mac_simule/d2xx/guetteur.hpp"
 #include "mac_simule/d2xx/puce.hpp"
 #include "mac_simule/d2xx/releve.hpp"
 
@@ -16,7 +16,7 @@ public:
     Ouverture(const std::string& emetteur, Puce::Modele modele, Depot depot);
     ~Ouverture();
 
-    [[nodiscard]] bool debranchee() const { return guetteur_.parti(); }
+    [[nodiscard]] bool debranchee() { return branchement_.rompu(); }
 
     [[nodiscard]] const Ligne& ligne() const { return ligne_; }
 
@@ -30,7 +30,7 @@ private:
     std::optional<Nanosecondes> commander();
     void compter(const std::optional<Trame>& trame);
 
-    Guetteur guetteur_;
+    Branchement branchement_;
     Puce puce_;
     Ligne ligne_;
     Recepteur recepteur_;
