@@ -60,7 +60,6 @@ void Assistant::attendreResultat(double debut) {
 }
 
 void Assistant::retraitFini(bool ok, const std::string& sortie) {
-    minuteur_.reset();
     Journal::shared().note(std::string("Résultat du retrait (") + (ok ? "ok" : "échec") + ") :\n" +
                            sortie);
     plateforme::activerApplication();

@@ -13,14 +13,26 @@ QBoxLayout::Direction direction(Orientation orientation) {
                                                  : QBoxLayout::LeftToRight;
 }
 
-// Une vue garde sa taille dans une pile verticale, et s'aligne par son milieu dans une horizontale,
-// sauf quand elle prend toute la place libre.
+// Comme celle d'un Mac, une pile garde à ses vues leur taille et les aligne par leur milieu, sauf
+// celle qui prend toute la place libre, ou quand un bord est demandé.
 Qt::Alignment alignement(const QBoxLayout& pile, const QWidget& vue) {
     const bool verticale = pile.direction() == QBoxLayout::TopToBottom;
     if (vue.sizePolicy().horizontalPolicy() == QSizePolicy::Expanding) {
         return {};
     }
-    return verticale ? Qt::AlignLeft : Qt::AlignVCenter;
+    const bool auBord = pile.parentWidget()->property("auBord").toBool();
+    return verticale ? (auBord ? Qt::AlignLeft : Qt::AlignHCenter)
+                     : (auBord ? Qt::AlignTop : Qt::AlignVCenter);
+}
+
+// Range aussi les vues qui y sont déjà.
+void alignerAuBord(const Vue& pile) {
+    widget<QWidget>(pile).setProperty("auBord", true);
+    QBoxLayout& boite = disposition(pile);
+    for (int rang = 0; rang < boite.count(); ++rang) {
+        QLayoutItem& place = *boite.itemAt(rang);
+        place.setAlignment(alignement(boite, *place.widget()));
+    }
 }
 
 } // namespace
@@ -40,11 +52,11 @@ void Pile::setEspacement(double espacement) const {
 }
 
 void Pile::alignerAuDebut() const {
-    disposition(*this).setAlignment(Qt::AlignLeft);
+    alignerAuBord(*this);
 }
 
 void Pile::alignerEnHaut() const {
-    widget<QWidget>(*this).setProperty("enHaut", true);
+    alignerAuBord(*this);
 }
 
 void Pile::setMarges(double haut, double gauche, double bas, double droite) const {
@@ -55,8 +67,7 @@ void Pile::setMarges(double haut, double gauche, double bas, double droite) cons
 void Pile::ajouter(const Vue& vue) const {
     QBoxLayout& boite = disposition(*this);
     QWidget& nouvelle = widget<QWidget>(vue);
-    const bool enHaut = widget<QWidget>(*this).property("enHaut").toBool();
-    boite.addWidget(&nouvelle, 0, enHaut ? Qt::AlignTop : alignement(boite, nouvelle));
+    boite.addWidget(&nouvelle, 0, alignement(boite, nouvelle));
     native().sousVues.push_back(vue);
     nouvelle.show();
 }
