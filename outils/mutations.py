@@ -21,7 +21,7 @@ OPERATEURS = re.compile(
 NOMBRES = re.compile(r"(?<![\w.'])((?<=[({ ,])-1|0x[\dA-F]+|\d[\d']*(?:\.\d+)?)(?=[UL]*\b(?!>))", re.I)
 CONDITIONS = re.compile(r"\b(?:if|while) (?=\()")
 RETOURS = re.compile(r"\breturn ([^;]+);")
-SANS_VALEUR = {"true", "false", "0", "nullptr", "std::nullopt"}
+SANS_VALEUR = {"true", "false", "0", "nullptr", "std::nullopt", "{}"}
 # Au début d'une instruction : un appel, une affectation ou un incrément.
 APPEL = re.compile(r"(?<=[;{}])\s+()(?:[\w:]+(?:\(\))?(?:\.|->))*[\w:]+(?:<\w+>)?(?=\()")
 AFFECTATION = re.compile(

@@ -69,10 +69,10 @@ TEST(Fin, commandeQPendantUneAlerteLaisseLeFilDesTramesFinirAvecLeProcessus) {
 
 TEST(Fin, fermerQuandLEcritureNeRevientPas) {
     Conduite c;
-    c.mac.poserVariante("ecriture_retenue");
+    c.mac.poserVariante("appel_retenu");
     vivre(c, "Tester avec votre projecteur", [&] {
         c.bouton("Allumer").click();
-        c.mac.poserEtat("ecriture_retenue", "");
+        c.mac.poserEtat("appel_retenu", "FT_Write");
         QTimer::singleShot(200, [&] { c.fenetre().close(); });
     });
     EXPECT_EQ(robot::fenetre(), nullptr);

@@ -53,20 +53,20 @@ protected:
     }
 };
 
-// Une bibliothèque dont l'écriture ne revient pas tant qu'on la retient ; ses appels se lisent.
-class EcritureRetenue : public Session {
+// Une bibliothèque dont un appel ne revient pas tant qu'on le retient ; ses appels se lisent.
+class AppelRetenu : public Session, public ::testing::WithParamInterface<std::string> {
 protected:
-    EcritureRetenue() {
-        mac.poserVariante("ecriture_retenue");
+    AppelRetenu() {
+        mac.poserVariante("appel_retenu");
         ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
         allumer(); // les fils que la première session crée pour toujours sont là
         test->fermer();
         mac.retirer("/appels");
     }
 
-    void retenir() const { mac.poserEtat("ecriture_retenue", ""); }
+    void retenir() const { mac.poserEtat("appel_retenu", GetParam()); }
 
-    void laisserRevenir() const { mac.retirer("/etat/ecriture_retenue"); }
+    void laisserRevenir() const { mac.retirer("/etat/appel_retenu"); }
 
     std::size_t dernier(const std::string& appel) const { return mac.lire("/appels").rfind(appel); }
 };
@@ -133,7 +133,7 @@ TEST_F(Session, desReglagesRefusesNEmpechentPasLEssaiMaisNEclairentRien) {
     EXPECT_EQ(reception().niveauMax + reception().correctes, 0U);
 }
 
-TEST_F(EcritureRetenue, revenueAvantLaPatienceFinitAvantLaFermeture) {
+TEST_P(AppelRetenu, revenuAvantLaPatienceFinitAvantLaFermeture) {
     const essai::Ressources avant;
     allumer();
     retenir();
@@ -145,10 +145,10 @@ TEST_F(EcritureRetenue, revenueAvantLaPatienceFinitAvantLaFermeture) {
     retour.join();
     ASSERT_TRUE(essai::attendre([&] { return essai::Ressources().fils == avant.fils; }));
     ASSERT_NE(dernier("FT_Close : 0"), std::string::npos);
-    EXPECT_LT(dernier("FT_Write : "), dernier("FT_Close : 0"));
+    EXPECT_LT(dernier(GetParam()), dernier("FT_Close : 0"));
 }
 
-TEST_F(EcritureRetenue, abandonneeNeToucheJamaisLaSessionSuivante) {
+TEST_P(AppelRetenu, abandonneNeToucheJamaisLaSessionSuivante) {
     const essai::Ressources avant;
     allumer();
     retenir();
@@ -159,19 +159,21 @@ TEST_F(EcritureRetenue, abandonneeNeToucheJamaisLaSessionSuivante) {
     mac.retirer("/etat/usb/emetteur-1");
     mac.poser("/etat/usb/emetteur-1", fiche);
     ASSERT_TRUE(essai::attendre([&] { return test->ouvrir() == std::nullopt; }))
-        << "rebranché, il s'ouvre, l'écriture encore retenue";
+        << "rebranché, il s'ouvre, l'appel encore retenu";
     laisserRevenir();
     allumer();
     test->fermer();
     EXPECT_EQ(reception().niveauMax, 0);
     EXPECT_TRUE(essai::attendre([&] { return essai::Ressources().fils == avant.fils; }));
     const std::string appels = mac.lire("/appels");
-    const std::string refusee = "FT_Write : 1\n"; // 1 : la poignée de l'ancienne session
-    const std::size_t revenue = appels.find(refusee);
-    ASSERT_NE(revenue, std::string::npos);
-    EXPECT_EQ(appels.find(refusee, revenue + 1), std::string::npos) << "rien après son retour";
+    const std::string refuse = " : 1\n"; // la poignée de l'ancienne session
+    EXPECT_EQ(appels.find(GetParam() + refuse) + GetParam().size(), appels.find(refuse));
+    EXPECT_EQ(appels.find(refuse), appels.rfind(refuse)) << "rien après son retour";
     EXPECT_EQ(compter(""), compter("FT_Open")) << "abandonner ne s'écrit pas au journal";
 }
+
+INSTANTIATE_TEST_SUITE_P(Bibliotheque, AppelRetenu,
+                         ::testing::Values("FT_SetBreakOn", "FT_SetBreakOff", "FT_Write"));
 
 TEST_F(SessionComplete, regleLaLignePourLeDmx512UneSeuleFois) {
     ::setenv("LUMIVIA_APPELS_D2XX", mac.reel("/appels").c_str(), 1);
