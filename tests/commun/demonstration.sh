@@ -21,3 +21,14 @@ demontrer() { # scenario réponse mac [commande devant l'assistant]
         echouer "la démonstration de « $1 » n'est pas allée au bout."
     }
 }
+
+# Ce qu'une personne y a rencontré, sur la sortie. Les dates passent, le reste se compare.
+rencontrer() {
+    local texte
+    cat "$essai/images/transcription.txt"
+    for texte in journal rapport; do
+        printf '== %s\n' "$texte"
+        sed -E 's/^\[[-0-9]{10} [0-9:]{8}\]/[date]/; s/(sauvegarde)-[0-9]{8}-[0-9]{6}/\1-DATE/' \
+            "$essai/images/$texte.txt"
+    done
+}

@@ -44,7 +44,7 @@ TEST_F(Commande, deuxCentsMegaoctetsSansFinDeLigneArriventEntiers) {
 
 TEST_F(Commande, ceQuiNeTientPasEnMemoireSeDit) {
     if (std::getenv("TSAN_OPTIONS") != nullptr) {
-        GTEST_SKIP() << "les assainisseurs arrêtent un programme qui manque de mémoire";
+        GTEST_SKIP() << "Sauté : les assainisseurs arrêtent un programme qui manque de mémoire";
     }
     essai::limiter(RLIMIT_AS, rlim_t{600} * 1024 * 1024);
     const std::string inonder = "head -c $1 /dev/zero | tr '\\0' $2";
