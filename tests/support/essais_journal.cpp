@@ -6,6 +6,7 @@
 #include "support/systeme.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <fcntl.h>
 #include <map>
 #include <sys/stat.h>
@@ -13,6 +14,7 @@
 #include <unistd.h>
 
 namespace fs = std::filesystem;
+using namespace std::string_literals;
 
 namespace {
 
@@ -124,22 +126,34 @@ TEST_F(EssaiJournal, uneLigneCoupeeParUnDisquePleinResteSeule) {
 TEST_F(EssaiJournal, uneMortNeLaisseNiLigneColleeNiFichierTemporaire) {
     const std::string coupee = "[2024-05-17 14:03:09] Démarr";
     mac.poser(fichier, coupee);
-    // En base 36 : des numéros trop grands pour un vivant, le nôtre, qu'un mort avait, celui d'un
-    // vivant, et ce qui n'en est pas un.
-    std::string notre(6, '0');
-    for (auto [place, reste] = std::pair{notre.rbegin(), ::getpid()}; reste > 0; reste /= 36) {
-        *place++ = "0123456789abcdefghijklmnopqrstuvwxyz"[reste % 36];
+    const pid_t vivant = ::fork();
+    if (vivant == 0) {
+        ::alarm(60); // si l'essai finit mal, il ne reste pas
+        ::pause();
     }
-    for (const char* marque : {"y98765", "a43210", "1bcdef", "ghijkl", "mnopqr", "stuvwx", "1zzzzz",
-                               notre.c_str(), "000001", "old"}) {
-        mac.poser(fichier + "." + marque, coupee);
+    // En base 36 : des numéros trop grands pour un vivant, le nôtre, qu'un mort avait, ceux de deux
+    // vivants, et ce qui n'en est pas un.
+    const auto marque = [](pid_t processus) {
+        std::string chiffres(6, '0');
+        for (auto place = chiffres.rbegin(); processus > 0; processus /= 36) {
+            *place++ = "0123456789abcdefghijklmnopqrstuvwxyz"[processus % 36];
+        }
+        return chiffres;
+    };
+    for (const std::string& fin :
+         {"y98765"s, "a43210"s, "1bcdef"s, "ghijkl"s, "mnopqr"s, "stuvwx"s, "1zzzzz"s,
+          marque(::getpid()), marque(vivant), "000001"s, "old"s}) {
+        mac.poser(fichier + "." + fin, coupee);
     }
     const std::string premiere = noter("un");
     EXPECT_EQ(mac.lire(fichier), coupee + "\n" + premiere);
     mac.retirer(fichier);
     noter("deux");
     EXPECT_TRUE(mac.existe(fichier + ".000001") && mac.existe(fichier + ".old"));
-    EXPECT_EQ(mac.elements(dossier), 3);
+    EXPECT_TRUE(mac.existe(fichier + "." + marque(vivant)));
+    EXPECT_EQ(mac.elements(dossier), 4);
+    EXPECT_EQ(::waitpid(vivant, nullptr, WNOHANG), 0) << "regarder un processus ne le dérange pas";
+    ::kill(vivant, SIGKILL);
 }
 
 TEST_F(EssaiJournal, ceQuiNEstPasUnFichierNeLArretePas) {

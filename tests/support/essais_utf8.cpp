@@ -28,6 +28,9 @@ TEST(Utf8, chaquePlusLongueSousSuiteMalFormeeDevientUnRemplacement) {
          remplacements(5) + "A" + kRemplacement + kRemplacement + "B"},
         {"\xE1\x80\xE2\xF0\x91\x92\xF1\xBF\x41", remplacements(4) + "A"},
         {"\xC1\xBF\xF5\x80\xFE", remplacements(5)},
+        // Une suite ne va que de 80 à BF.
+        {"\xC2\xC0\xE0\xC0\x80\xE1\xC0\x80\xED\xC0\x80\xF0\xC0\x80\x80\xF1\xC0\x80\x80\xF4\xC0",
+         remplacements(21)},
         // Coupées à la fin ou par la suivante.
         {"é\xC3", "é" + kRemplacement},
         {"\xE2\x82", kRemplacement},
