@@ -93,7 +93,7 @@ struct Page {
 void vivre(const std::function<void()>& geste, bool derniereFenetre) {
     plateforme::definirDelegue({geste, [=] { return derniereFenetre; }});
     std::thread([] {
-        std::this_thread::sleep_for(std::chrono::seconds(5));
+        std::this_thread::sleep_for(std::chrono::seconds(20));
         std::fputs("l'application n'a pas fini\n", stderr);
         std::_Exit(EXIT_FAILURE);
     }).detach();
@@ -142,7 +142,7 @@ TEST_F(Proprietes, unControleTientSaCible) {
     }
     tourner(0.1);
     EXPECT_TRUE(robot::presser("Compter"));
-    tourner(2, [&] { return appuis > 0; });
+    tourner(20, [&] { return appuis > 0; });
     EXPECT_TRUE(robot::choisir("deux"));
     EXPECT_EQ(appuis, 1);
     EXPECT_EQ(choisi, 1);
@@ -172,7 +172,7 @@ TEST_F(Proprietes, uneActionPeutDetruireSaPageEtRienNEnReste) {
             const Bassin bassin;
             EXPECT_TRUE(robot::presser("Suite"));
         }
-        EXPECT_TRUE(tourner(2, [&] { return pages == tour; }));
+        EXPECT_TRUE(tourner(20, [&] { return pages == tour; }));
         tourner(0.1);
         comptes.push_back(GSDebugAllocationCount([NSButton class]));
     }
@@ -190,7 +190,7 @@ TEST_F(Proprietes, laFinDUnDoubleClicEtUneToucheTenueNeComptentPas) {
     tourner(0.2);
     EXPECT_EQ(appuis, 0);
     [NSApp postEvent:touche(@"\r", 0) atStart:NO];
-    EXPECT_TRUE(tourner(2, [&] { return appuis == 1; }));
+    EXPECT_TRUE(tourner(20, [&] { return appuis == 1; }));
     const NSPoint milieu = [bouton.native().vue convertPoint:NSMakePoint(5, 5) toView:nil];
     for (const NSEventType genre : {NSLeftMouseDown, NSLeftMouseUp}) {
         [NSApp postEvent:[NSEvent mouseEventWithType:genre
@@ -217,7 +217,8 @@ TEST_F(Proprietes, unMinuteurSArreteMemeDepuisSonBattement) {
         }
         EXPECT_EQ(temoin, std::string(99, 't'));
     });
-    tourner(0.5);
+    EXPECT_TRUE(tourner(20, [&] { return battements == 3; }));
+    tourner(0.2);
     EXPECT_EQ(battements, 3);
     minuteur = std::make_unique<plateforme::Minuteur>(0.02, [&] { ++battements; });
     minuteur.reset();
@@ -236,7 +237,7 @@ TEST_F(Proprietes, lesTachesPassentDansLOrdreSurLeFilPrincipal) {
             });
         }
     });
-    EXPECT_TRUE(tourner(5, [&] { return suite == "abc"; }));
+    EXPECT_TRUE(tourner(20, [&] { return suite == "abc"; }));
 }
 
 TEST_F(Proprietes, fermerLaDerniereFenetreFinit) {
@@ -247,6 +248,11 @@ TEST_F(Proprietes, fermerLaDerniereFenetreFinit) {
             [page->native() performSelector:@selector(performClose:) withObject:nil afterDelay:0.2];
         },
         true);
+}
+
+TEST_F(Proprietes, terminerFinit) {
+    vivre([] { plateforme::executerSurPrincipal([] { plateforme::terminerApplication(); }); },
+          false);
 }
 
 TEST_F(Proprietes, leMenuALesSelecteursEtLesTouchesEtCommandeQFinit) {
