@@ -107,7 +107,8 @@ TABLE = {
         ("ValeurInfo::Genre::autre", "ValeurInfo::Genre::texte"),
     ],
     ("image.mm", "Proprietes.lePaquetDitCeQuIlAEtCeQuIlNAPas"): [("image == nil", "false")],
-    ("natif.mm", "pret.oui"): [("homeDirectoryForCurrentUser.path", "currentDirectoryPath")],
+    ("natif.mm", "pret.oui"): [("homeDirectoryForCurrentUser.path",
+                                "homeDirectoryForCurrentUser.path != nil ? @\"/Users\" : @\"\"")],
     ("textes.hpp", "Proprietes.unTexteQuiNEstPasDeLUTF8DevientVide"): [
         ('converti != nil ? converti : @""', "converti"),
     ],

@@ -7,6 +7,7 @@
 #include "plateforme/application.hpp"
 #include "plateforme/boucle.hpp"
 #include "plateforme/langue.hpp"
+#include "plateforme/liste_proprietes.hpp"
 #include "plateforme/macos/vue_native.hpp"
 #include "plateforme/paquet.hpp"
 #include "plateforme/peripheriques_usb.hpp"
@@ -380,6 +381,8 @@ TEST_F(Proprietes, lePaquetDitCeQuIlAEtCeQuIlNAPas) {
 TEST_F(Proprietes, unTexteQuiNEstPasDeLUTF8DevientVide) {
     const auto etiquette = plateforme::Etiquette::simple("\xFF\xFE");
     EXPECT_EQ([[static_cast<NSTextField*>(etiquette.native().vue) stringValue] length], 0U);
+    const auto liste = plateforme::serialiserListe({{"cle", std::vector<std::string>{"\xFF"}}});
+    EXPECT_TRUE(liste.octets.has_value());
     etiquette.setTexte("fini");
     EXPECT_TRUE([[static_cast<NSTextField*>(etiquette.native().vue) stringValue] isEqual:@"fini"]);
 }
