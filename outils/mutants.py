@@ -18,6 +18,7 @@ import subprocess
 import sys
 import time
 
+import mutants_macos
 import mutations
 
 RACINE = pathlib.Path(__file__).resolve().parents[1]
@@ -38,7 +39,8 @@ ETAPES = {
 PARCOURS = ("complet oui", "complet non", "sans-emetteur oui", "emetteur-occupe oui",
             "bibliotheque-absente oui", "mot-de-passe-refuse oui", "ancien-macos oui",
             "plus-tard oui", "relance-impossible oui", "reconstruction-non-confirmee oui")
-CIBLES = {"parcours": ("paquet_simule",), "pannes": ("paquet_simule", "pannes")}
+CIBLES = {"parcours": ("paquet_simule",), "pannes": ("paquet_simule", "pannes"),
+          "gnustep": ("paquet_simule", "proprietes_gnustep", "assistant_gnustep")}
 SOCLE = ("banc", "robot", "variantes_d2xx")
 
 
@@ -197,9 +199,7 @@ def tirer(options):
                 lignes[fichier, mutation.rang].append(mutation)
     toutes = list(lignes.values())
     taille = min(options.taille, len(toutes))
-    if not taille:
-        sys.exit(f"Erreur : aucune faute à mettre dans « {options.filtre} ».")
-    bornes = [len(toutes) * i // taille for i in range(taille + 1)]
+    bornes = [len(toutes) * i // taille for i in range(taille + 1)] if taille else []
     return [hasard.choice(toutes[hasard.randrange(*tranche)]) for tranche in zip(bornes, bornes[1:])]
 
 
@@ -229,25 +229,17 @@ def tableau(graine, sorts):
         yield f"- `{mutation.fichier}`, `{mutation.avant}` devenu `{mutation.apres}`"
 
 
-def main():
-    lecteur = argparse.ArgumentParser()
-    lecteur.add_argument("--graine", type=int, default=1)
-    lecteur.add_argument("--taille", type=int, default=120)
-    lecteur.add_argument("--filtre", default="")
-    lecteur.add_argument("--tableau", type=int)
-    options = lecteur.parse_args()
-
+def juger_tirees(options, tirees):
+    """Les fautes tirées au hasard dans le cœur : le compte de chaque sort."""
     connues = set(equivalentes())
     sorts = {mutation: "équivalent" if (mutation.fichier, mutation.avant, mutation.apres) in connues
-             else "" for mutation in tirer(options)}
+             else "" for mutation in tirees}
     a_juger = collections.defaultdict(list)  # un fichier à la fois : il se reconstruit moins
     for mutation in (m for m, sort in sorts.items() if not sort):
         a_juger[mutation.fichier].append(mutation)
     etapes = dict.fromkeys(e for fichier in a_juger for e in ETAPES[os.path.dirname(fichier)])
 
-    print("→ Construction et essais sans aucune faute, dans deux copies du dépôt", flush=True)
-    with concurrent.futures.ThreadPoolExecutor() as fils:
-        ateliers = list(fils.map(Atelier, (1, 2), (etapes, etapes)))
+    ateliers = preparer(etapes)
     jugement = Jugement(ateliers, etapes)
     print(f"→ {len(sorts)} fautes, graine {options.graine}", flush=True)
     partager(ateliers, sorted(a_juger.values(), key=len, reverse=True), lambda atelier, fautes:
@@ -260,11 +252,46 @@ def main():
             document.seek(0)
             document.write(f"{debut}\n\n{lignes}\n")
             document.truncate()
-    comptes = collections.Counter(sorts.values())
+    return collections.Counter(sorts.values())
+
+
+def juger_choisies(fautes):
+    """Celles de l'adaptateur de macOS, à l'essai que leur table nomme."""
+    ateliers, sorts = preparer(("gnustep",)), []
+    partager(ateliers, dict.fromkeys(faute.essai for faute in fautes), mutants_macos.mesurer)
+    print(f"→ {len(fautes)} fautes dans plateforme/macos", flush=True)
+    partager(ateliers, fautes, lambda atelier, faute: sorts.append(
+        mutants_macos.juger(atelier, faute, cibles("gnustep"))))
+    comptes = collections.Counter(sorts)
+    print("plateforme/macos :", ", ".join(f"{nombre} {sort}" for sort, nombre in comptes.items()))
+    return comptes
+
+
+def preparer(etapes):
+    print("→ Construction et essais sans aucune faute, dans deux copies du dépôt", flush=True)
+    with concurrent.futures.ThreadPoolExecutor() as fils:
+        return list(fils.map(Atelier, (1, 2), (etapes, etapes)))
+
+
+def main():
+    lecteur = argparse.ArgumentParser()
+    lecteur.add_argument("--graine", type=int, default=1)
+    lecteur.add_argument("--taille", type=int, default=120)
+    lecteur.add_argument("--filtre", default="")
+    lecteur.add_argument("--tableau", type=int)
+    options = lecteur.parse_args()
+
+    tirees = tirer(options)
+    choisies = [f for f in mutants_macos.FAUTES if re.search(options.filtre, f.fichier)]
+    if not tirees + choisies:
+        sys.exit(f"Erreur : aucune faute à mettre dans « {options.filtre} ».")
+    comptes = juger_tirees(options, tirees) if tirees else collections.Counter()
     bien = comptes["tué"] * 100 >= SEUIL * (comptes["tué"] + comptes["survivant"])
-    # Les survivants ne sont un échec que trop nombreux.
-    print(f"{comptes['tué']} passed, {0 if bien else comptes['survivant']} failed")
-    return 0 if bien else 1
+    macos = juger_choisies(choisies) if choisies else collections.Counter()
+    # Les survivants du hasard ne sont un échec que trop nombreux ; ceux qui ont été choisis, toujours.
+    echecs = (0 if bien else comptes["survivant"]) + len(choisies) - macos["tué"]
+    print(f"{comptes['tué'] + macos['tué']} passed, {echecs} failed")
+    return 1 if echecs else 0
 
 
 if __name__ == "__main__":

@@ -8,6 +8,7 @@
 #include "mac_simule/gnustep/attaches.hpp"
 #include "mac_simule/gnustep/references.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <mutex>
@@ -140,9 +141,15 @@ class Donnes {
     long tenues() {
         const std::lock_guard<std::mutex> garde(verrou_);
         long total = 0;
-        for (id objet : objets_) {
-            total += static_cast<long>([objet retainCount]) - 1;
+        for (id& objet : objets_) {
+            const auto ailleurs = static_cast<long>([objet retainCount]) - 1;
+            total += ailleurs;
+            if (ailleurs == 0) { // il rend ce qu'il tient lui-même : les suivants s'y comptaient
+                [objet release];
+                objet = nil;
+            }
         }
+        objets_.erase(std::remove(objets_.begin(), objets_.end(), nil), objets_.end());
         for (id objet : poignees_) {
             total += objet == nil ? 0 : 1;
         }

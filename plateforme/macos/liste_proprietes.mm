@@ -1,5 +1,6 @@
 #include "plateforme/liste_proprietes.hpp"
 #include "plateforme/macos/textes.hpp"
+#include "plateforme/posix/texte_xml.hpp"
 
 namespace plateforme {
 namespace {
@@ -19,6 +20,10 @@ id objetPour(const std::vector<std::string>& valeurs) {
 } // namespace
 
 ListeSerialisee serialiserListe(const DictionnairePropriete& dictionnaire) {
+    // NSPropertyListSerialization les écrit sans se plaindre, et ne saurait plus les relire.
+    if (const auto refus = refusXML(dictionnaire)) {
+        return *refus;
+    }
     @autoreleasepool {
         NSMutableDictionary* objets = [NSMutableDictionary dictionary];
         for (const auto& [cle, valeur] : dictionnaire) {

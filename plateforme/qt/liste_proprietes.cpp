@@ -1,18 +1,11 @@
 #include "plateforme/liste_proprietes.hpp"
 
-#include <QtCore/QXmlStreamWriter>
+#include "plateforme/posix/texte_xml.hpp"
 
-#include <algorithm>
+#include <QtCore/QXmlStreamWriter>
 
 namespace plateforme {
 namespace {
-
-// XML 1.0 n'écrit aucun caractère de commande hors tabulation et fins de ligne.
-bool estEcrivable(const std::string& texte) {
-    return std::all_of(texte.begin(), texte.end(), [](char c) {
-        return static_cast<unsigned char>(c) >= 0x20 || c == '\t' || c == '\n' || c == '\r';
-    });
-}
 
 class Redaction {
 public:
@@ -21,7 +14,7 @@ public:
         xml_.setAutoFormattingIndent(-1); // une tabulation, comme le système
     }
 
-    bool ecrire(const DictionnairePropriete& dictionnaire) {
+    void ecrire(const DictionnairePropriete& dictionnaire) {
         xml_.writeStartDocument(QStringLiteral("1.0"));
         xml_.writeDTD(QStringLiteral("<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
                                      "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">"));
@@ -33,12 +26,10 @@ public:
             std::visit([this](const auto& v) { ecrireValeur(v); }, valeur);
         }
         xml_.writeEndDocument();
-        return complete_ && !xml_.hasError();
     }
 
 private:
     void element(const char* nom, const std::string& texte) {
-        complete_ = complete_ && estEcrivable(texte);
         xml_.writeStartElement(QString::fromLatin1(nom));
         const QStringList parties = QString::fromStdString(texte).split(u'\r');
         xml_.writeCharacters(parties.front());
@@ -65,16 +56,16 @@ private:
     }
 
     QXmlStreamWriter xml_;
-    bool complete_ = true;
 };
 
 } // namespace
 
 ListeSerialisee serialiserListe(const DictionnairePropriete& dictionnaire) {
-    QByteArray octets;
-    if (!Redaction(octets).ecrire(dictionnaire)) {
-        return {std::nullopt, "Un caractère de la liste de propriétés ne s'écrit pas en XML."};
+    if (const auto refus = refusXML(dictionnaire)) {
+        return *refus;
     }
+    QByteArray octets;
+    Redaction(octets).ecrire(dictionnaire);
     return {octets.toStdString(), {}};
 }
 
