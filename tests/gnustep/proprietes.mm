@@ -91,7 +91,7 @@ struct Page {
 };
 
 // Fait vivre l'application jusqu'à sa fin, que `geste` doit demander ; le succès est de finir.
-void vivre(const std::function<void()>& geste, bool derniereFenetre) {
+void vivre(bool derniereFenetre, const std::function<void()>& geste) {
     plateforme::definirDelegue({geste, [=] { return derniereFenetre; }});
     std::thread([] {
         std::this_thread::sleep_for(std::chrono::seconds(20));
@@ -243,21 +243,20 @@ TEST_F(Proprietes, lesTachesPassentDansLOrdreSurLeFilPrincipal) {
 
 TEST_F(Proprietes, fermerLaDerniereFenetreFinit) {
     std::unique_ptr<Page> page;
-    vivre(
-        [&] {
-            page = std::make_unique<Page>();
-            [page->native() performSelector:@selector(performClose:) withObject:nil afterDelay:0.2];
-        },
-        true);
+    vivre(true, [&] {
+        page = std::make_unique<Page>();
+        [page->native() performSelector:@selector(performClose:) withObject:nil afterDelay:0.2];
+    });
 }
 
 TEST_F(Proprietes, terminerFinit) {
-    vivre([] { plateforme::executerSurPrincipal([] { plateforme::terminerApplication(); }); },
-          false);
+    vivre(false, [] { plateforme::executerSurPrincipal(plateforme::terminerApplication); });
 }
 
 TEST_F(Proprietes, leMenuALesSelecteursEtLesTouchesEtCommandeQFinit) {
-    const auto commandeQ = [] {
+    std::unique_ptr<Page> page;
+    vivre(false, [&] {
+        page = std::make_unique<Page>();
         plateforme::installerMenu({{"", {{"Quitter", plateforme::ActionMenu::terminer, 'q'}}},
                                    {"Édition", {{"Copier", plateforme::ActionMenu::copier, 'c'}}}});
         NSMutableString* lu = [NSMutableString string];
@@ -274,14 +273,7 @@ TEST_F(Proprietes, leMenuALesSelecteursEtLesTouchesEtCommandeQFinit) {
             std::_Exit(EXIT_FAILURE);
         }
         [NSApp postEvent:touche(@"q", NSCommandKeyMask) atStart:NO];
-    };
-    std::unique_ptr<Page> page;
-    vivre(
-        [&] {
-            page = std::make_unique<Page>();
-            commandeQ();
-        },
-        false);
+    });
 }
 
 // GNUstep ne refait la boucle que si on le lui demande : ici, c'est la demande permanente qui se
