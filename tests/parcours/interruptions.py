@@ -27,8 +27,10 @@ def habitants(marque):
 def fautes(signe, delai):
     """Interrompt après ce délai, comme un terminal ou un gestionnaire le ferait ; 0 : jamais."""
     with tempfile.TemporaryDirectory(prefix="interruption été ") as temporaire:
+        # Un essai lancé à l'arrière-plan ou par nohup lèguerait ses signaux ignorés.
         commande = subprocess.Popen(
-            sys.argv[1:], env=os.environ | {"TMPDIR": temporaire, "LUMIVIA_ESSAI": temporaire},
+            ["env", "--default-signal=HUP,INT,TERM", *sys.argv[1:]],
+            env=os.environ | {"TMPDIR": temporaire, "LUMIVIA_ESSAI": temporaire},
             stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE,
             process_group=0)
         time.sleep(delai)
