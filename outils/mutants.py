@@ -81,7 +81,8 @@ class Atelier:
     def lancer(self, commande, delai):
         """Vrai quand la commande réussit à temps. Rien de ce qu'elle a lancé ni écrit ne reste."""
         self.temporaire.mkdir(exist_ok=True)
-        environnement = os.environ | {"TMPDIR": str(self.temporaire), "QT_QPA_PLATFORM": "offscreen"}
+        environnement = os.environ | {"TMPDIR": str(self.temporaire), "QT_QPA_PLATFORM": "offscreen",
+                                      "LUMIVIA_PATIENCE": "30"}  # bien des fautes figent une page
         with open(self.trace, "wb") as trace:
             try:
                 return subprocess.run(commande, cwd=self.depot, env=environnement, timeout=delai,

@@ -23,8 +23,8 @@ namespace {
 namespace fs = std::filesystem;
 using Horloge = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds kPatience{120}; // sans que la page change
-constexpr std::chrono::seconds kVie{60};       // d'un récit
+constexpr int kPatience = 120;           // s, sans que la page change
+constexpr std::chrono::seconds kVie{60}; // d'un récit
 // Au-delà, les pages tournent en rond. Les images se numérotent sur deux chiffres, et une page en
 // prend plusieurs.
 constexpr int kImagesMax = 90;
@@ -32,6 +32,11 @@ constexpr int kImagesMax = 90;
 std::string variable(const char* nom) {
     const char* valeur = std::getenv(nom);
     return valeur == nullptr ? "" : valeur;
+}
+
+std::chrono::seconds patience() {
+    const int voulue = std::atoi(variable("LUMIVIA_PATIENCE").c_str());
+    return std::chrono::seconds(voulue > 0 ? voulue : kPatience);
 }
 
 // Vrai quand tout est écrit.
@@ -70,7 +75,7 @@ public:
         if (pret()) {
             avancer();
         }
-        exiger(Horloge::now() - changement_ < kPatience,
+        exiger(Horloge::now() - changement_ < patience_,
                "la page « " + page_ + " » ne change plus");
     }
 
@@ -245,6 +250,7 @@ private:
     const faits::Mac& mac_ = faits::Mac::duProcessus();
     const std::string dossier_ = variable("LUMIVIA_DEMONSTRATION"); // vide : un récit
     Table table_ = lireGestes(variable("LUMIVIA_GESTES"));
+    const std::chrono::seconds patience_ = patience();
     const Horloge::time_point naissance_ = Horloge::now();
     Horloge::time_point changement_ = naissance_;
     Horloge::time_point reveil_ = naissance_;
