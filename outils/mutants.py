@@ -277,7 +277,7 @@ def preparer(etapes):
 def main():
     lecteur = argparse.ArgumentParser()
     lecteur.add_argument("--graine", type=int, default=1)
-    lecteur.add_argument("--taille", type=int, default=120)
+    lecteur.add_argument("--taille", type=int, default=80)
     lecteur.add_argument("--filtre", default="")
     lecteur.add_argument("--tableau", type=int)
     options = lecteur.parse_args()

@@ -98,12 +98,3 @@ TEST(Lanceur, unSignalMetFinATout) {
         EXPECT_FALSE(mac.habite());
     }
 }
-
-TEST(Lanceur, refuseCeQuiNEstPasUnMac) {
-    EXPECT_EQ(lancer(cite(LANCEUR) + " /tmp").code, 2);
-    EXPECT_EQ(lancer(cite(LANCEUR)).code, 2);
-    const MacEssai mac("pret");
-    const Systeme::Resultat sansPaquet = derouler(mac);
-    EXPECT_EQ(sansPaquet.code, 1);
-    EXPECT_TRUE(contient(sansPaquet.sortie, "dossier Applications"));
-}

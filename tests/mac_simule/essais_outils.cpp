@@ -98,12 +98,3 @@ TEST(Outils, systemextensionsctlALesFormesDesDeuxMacos) {
         suivre(mac, {{lister, 0, forme(nom), "extensions_systeme", faitDeLaForme(forme(nom))}});
     }
 }
-
-TEST(Outils, openDitPourquoiIlRefuse) {
-    suivre(MacEssai("pret"), {{"/usr/bin/open -a Inconnu /Users/x", 1, "named 'Inconnu'"},
-                              {"/usr/bin/open -a Terminal /Users/absent", 1, "not exist"},
-                              {"/usr/bin/open /Applications/A.app", 1, "not exist"},
-                              {"/usr/bin/open https://exemple.fr", 1, "URL https:"},
-                              {"/usr/bin/open /etc/passwd", 1, "not exist"},
-                              {"/usr/bin/open", 1, "Usage"}});
-}
