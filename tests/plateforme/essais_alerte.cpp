@@ -1,4 +1,4 @@
-// Ce qu'une alerte retient, dans les deux maisons.
+// Ce qu'une alerte retient, dans les deux adaptateurs.
 
 #include "mac_simule/robot/regard.hpp"
 #include "plateforme/alerte.hpp"
