@@ -78,6 +78,26 @@ TEST(Accessibilite, uneAlerteSeLitEtSeFermeParEchapp) {
     EXPECT_EQ(textes, (Noms{"Rapport copié", "Collez-le (⌘V) dans un e-mail à Voltaris."}));
 }
 
+TEST(Accessibilite, lAnneauNeParaitQuePourLeClavier) {
+    Conduite c;
+    c.demarrer();
+    const auto image = [](QWidget* vue) { return vue->grab().toImage(); };
+    c.touche(Qt::Key_Tab);
+    QWidget* porteur = QApplication::focusWidget();
+    const QImage avec = image(porteur);
+    QTest::mouseClick(&c.fenetre(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 300));
+    EXPECT_TRUE(porteur->hasFocus());
+    EXPECT_NE(image(porteur), avec);
+    QTimer::singleShot(0, [&] {
+        essai::traiter(); // l'alerte donne le clavier à son bouton
+        const QImage sans = image(&c.bouton("OK"));
+        Conduite::touche(Qt::Key_Tab);
+        EXPECT_NE(image(&c.bouton("OK")), sans);
+        Conduite::touche(Qt::Key_Escape);
+    });
+    c.cliquer("Copier le rapport pour le support");
+}
+
 // À l'échelle ordinaire, les places sont dans les parcours approuvés.
 TEST_P(EcranFin, lesPagesLesPlusLonguesTiennentDansLaFenetre) {
     qputenv("QT_SCALE_FACTOR", "2");
