@@ -67,8 +67,9 @@ Etiquette Etiquette::simple(const std::string& texte) {
 Etiquette Etiquette::multiligne(const std::string& texte) {
     NSTextField* champ = [EtiquetteComposee wrappingLabelWithString:@""];
     champ.allowsEditingTextAttributes = YES; // sans quoi la sélection les efface
-    montrer(champ, texte);
-    return Etiquette(macos::tenir(champ));
+    const Etiquette etiquette(macos::tenir(champ));
+    etiquette.setTexte(texte);
+    return etiquette;
 }
 
 void Etiquette::setTexte(const std::string& texte) const {
