@@ -134,10 +134,11 @@ TEST_F(Proprietes, uneEtiquetteComposeSonTexteEtEnRendLOrigine) {
     page.fenetre.surFermeture([] {});
     const auto etiquette = plateforme::Etiquette::multiligne(texte);
     page.pile.ajouter(etiquette);
+    auto* champ = static_cast<NSTextField*>(etiquette.native().vue);
     etiquette.setPolice(20, true);
+    NSAttributedString* enPolice = [[[champ attributedStringValue] retain] autorelease];
     etiquette.setCouleurSecondaire();
     tourner(0.6); // gpbs s'ouvre à peine
-    auto* champ = static_cast<NSTextField*>(etiquette.native().vue);
     NSDictionary* police = @{NSFontAttributeName : [NSFont boldSystemFontOfSize:20]};
     const auto verifier = [&](NSAttributedString* vu) {
         EXPECT_TRUE(
@@ -155,6 +156,8 @@ TEST_F(Proprietes, uneEtiquetteComposeSonTexteEtEnRendLOrigine) {
                       [NSColor secondaryLabelColor]);
         }
     };
+    EXPECT_EQ([enPolice attribute:NSFontAttributeName atIndex:0 effectiveRange:nullptr],
+              [police objectForKey:NSFontAttributeName]);
     verifier([champ attributedStringValue]);
     EXPECT_STREQ([[champ performSelector:@selector(accessibilityValue)] UTF8String], texte.c_str());
     [champ selectText:nil];
