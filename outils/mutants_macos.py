@@ -43,6 +43,8 @@ TABLE = {
         ("gras ? [NSFont boldSystemFontOfSize:taille] : [NSFont systemFontOfSize:taille]",
          "[NSFont systemFontOfSize:taille]"),
         ("champ.textColor = NSColor.secondaryLabelColor;", ""),
+    ],
+    ("etiquette.mm", "Proprietes.unTexteQuiNEstPasDeLUTF8DevientVide"): [
         ("champ.stringValue = macos::versNSString(texte);", ""),
     ],
     ("etiquette.mm", "Proprietes.uneEtiquetteComposeSonTexteEtEnRendLOrigine"): [
@@ -80,9 +82,9 @@ TABLE = {
                          'forMode:@"NSModalPanelRunLoopMode"];', BOUCLES),
         ("executerSur(dispatch_get_main_queue(), std::move(tache));", """
     const std::function<void()> aFaire = std::move(tache);
-    NSTimer* aussitot = [NSTimer scheduledTimerWithTimeInterval:0
-                                                        repeats:NO
-                                                          block:^(NSTimer*) { aFaire(); }];
+    const auto faite = std::make_shared<bool>(false);
+    void (^bloc)(NSTimer*) = ^(NSTimer*) { if (!*faite) { *faite = true; aFaire(); } };
+    NSTimer* aussitot = [NSTimer scheduledTimerWithTimeInterval:0 repeats:NO block:bloc];
     [[NSRunLoop mainRunLoop] addTimer:aussitot forMode:@"NSModalPanelRunLoopMode"];""", BOUCLES),
     ],
     ("application.mm", "Proprietes.fermerLaDerniereFenetreFinit"): [
