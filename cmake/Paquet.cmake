@@ -15,7 +15,8 @@ function(paquet_du_mac_simule programme bibliotheque)
   add_custom_target(paquet_simule ALL
     COMMAND ${CMAKE_COMMAND} -E make_directory "${contenu}/Resources" "${contenu}/Frameworks"
     COMMAND ${CMAKE_COMMAND} -E copy_if_different "${CMAKE_BINARY_DIR}/Info.plist" "${contenu}/"
-    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${images} "${contenu}/Resources/"
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${images}
+            "${CMAKE_SOURCE_DIR}/paquet/AssistantLumivia.icns" "${contenu}/Resources/"
     COMMAND ${CMAKE_COMMAND} -E copy_if_different "$<TARGET_FILE:${bibliotheque}>"
             "${contenu}/Frameworks/libftd2xx.dylib"
     DEPENDS ${programme} ${bibliotheque}

@@ -6,7 +6,16 @@ ce qu'il rend, l'ordre et les noms de ses appels. mutants.py les met après les 
 import collections
 import pathlib
 
-Faute = collections.namedtuple("Faute", "fichier avant apres essai")
+# `tete` est ce que la faute déclare d'un système dont l'adaptateur ne se sert pas.
+Faute = collections.namedtuple("Faute", "fichier essai avant apres tete", defaults=("",))
+COUTURE = "\nnamespace plateforme {\n"  # où se met cette tête
+
+BOUCLES = """
+@interface NSRunLoop : NSObject
++ (NSRunLoop*)mainRunLoop;
+- (void)addTimer:(NSTimer*)minuteur forMode:(NSString*)mode;
+@end
+"""
 
 # Par fichier et par essai : ce qui est remplacé, où qu'il soit une seule fois, et par quoi.
 TABLE = {
@@ -30,10 +39,30 @@ TABLE = {
         ("return !evenement.ARepeat", "return true"),
         ('keyEquivalent = @"\\r"', 'keyEquivalent = @"r"'),
     ],
-    ("vues.mm", "pret.oui"): [
+    ("etiquette.mm", "pret.oui"): [
         ("gras ? [NSFont boldSystemFontOfSize:taille] : [NSFont systemFontOfSize:taille]",
          "[NSFont systemFontOfSize:taille]"),
-        ("macos::vueDe<NSTextField>(*this).textColor = NSColor.secondaryLabelColor;", ""),
+        ("champ.textColor = NSColor.secondaryLabelColor;", ""),
+    ],
+    ("etiquette.mm", "Proprietes.unTexteQuiNEstPasDeLUTF8DevientVide"): [
+        ("champ.stringValue = macos::versNSString(texte);", ""),
+    ],
+    ("etiquette.mm", "Proprietes.uneEtiquetteComposeSonTexteEtEnRendLOrigine"): [
+        ("ligne.substr(0, retraitSuspendu(ligne))", "std::string()"),
+        ("[choisis setObject:champ.font forKey:NSFontAttributeName];", ""),
+        ("[choisis setObject:champ.textColor forKey:NSForegroundColorAttributeName];", ""),
+        ("[choisis setObject:paragraphe forKey:NSParagraphStyleAttributeName];", ""),
+        ("lie = lier(texte)", "lie = texte"),
+        ("plateforme::macos::sansLiens(self.stringValue)", "self.stringValue"),
+        ("allowsEditingTextAttributes = YES", "allowsEditingTextAttributes = NO"),
+        ("[NSFont systemFontOfSize:taille];\n    remontrer(champ);",
+         "[NSFont systemFontOfSize:taille];"),
+        ("secondaryLabelColor;\n    remontrer(champ);", "secondaryLabelColor;"),
+    ],
+    ("fenetre.mm", "Proprietes.uneEtiquetteComposeSonTexteEtEnRendLOrigine"): [
+        ("return editeur_;", "return nil;"),
+        ("plateforme::macos::sansLiens(choisi)", "choisi"),
+        ("[pressePapiers clearContents];", ""),
     ],
     ("pile.mm", "Proprietes.uneActionPeutDetruireSaPageEtRienNEnReste"): [
         ("CFAutorelease((__bridge_retained CFTypeRef)vues);",
@@ -47,6 +76,16 @@ TABLE = {
     ("boucle.mm", "Proprietes.lesTachesPassentDansLOrdreSurLeFilPrincipal"): [
         ("dispatch_get_main_queue()", "dispatch_get_global_queue(QOS_CLASS_DEFAULT, 0)"),
         ("dispatch_get_global_queue(QOS_CLASS_DEFAULT, 0)", "dispatch_get_main_queue()"),
+    ],
+    ("boucle.mm", "Alerte.retientLesTachesSuivantesEtLesMinuteurs"): [
+        ("block:bloc];", "block:bloc];\n    [[NSRunLoop mainRunLoop] addTimer:natif_->minuteur "
+                         'forMode:@"NSModalPanelRunLoopMode"];', BOUCLES),
+        ("executerSur(dispatch_get_main_queue(), std::move(tache));", """
+    const std::function<void()> aFaire = std::move(tache);
+    const auto faite = std::make_shared<bool>(false);
+    void (^bloc)(NSTimer*) = ^(NSTimer*) { if (!*faite) { *faite = true; aFaire(); } };
+    NSTimer* aussitot = [NSTimer scheduledTimerWithTimeInterval:0 repeats:NO block:bloc];
+    [[NSRunLoop mainRunLoop] addTimer:aussitot forMode:@"NSModalPanelRunLoopMode"];""", BOUCLES),
     ],
     ("application.mm", "Proprietes.fermerLaDerniereFenetreFinit"): [
         ("static DelegueCocoa* tenu = nil;", "DelegueCocoa* tenu = nil;"),
@@ -113,7 +152,7 @@ TABLE = {
         ('converti != nil ? converti : @""', "converti"),
     ],
 }
-FAUTES = [Faute(f"plateforme/macos/{fichier}", *faute, essai)
+FAUTES = [Faute(f"plateforme/macos/{fichier}", essai, *faute)
           for (fichier, essai), fautes in TABLE.items() for faute in fautes]
 
 
@@ -133,7 +172,8 @@ def juger(atelier, faute, cibles):
     entier = fichier.read_text(encoding="utf-8")
     if entier.count(faute.avant) != 1:
         atelier.renoncer(f"« {faute.avant} » n'est pas une fois dans {faute.fichier}")
-    fichier.write_text(entier.replace(faute.avant, faute.apres), encoding="utf-8")
+    fautif = entier.replace(faute.avant, faute.apres).replace(COUTURE, faute.tete + COUTURE, 1)
+    fichier.write_text(fautif, encoding="utf-8")
     try:
         construite = atelier.construire(*cibles)
         vue = construite and not any(passer(atelier, faute.essai) for _ in range(2))

@@ -161,6 +161,13 @@ CGFloat auDessus(NSView* vue, NSLayoutAttribute alignement, CGFloat libre) {
     }
 }
 
+- (void)setAttributedStringValue:(NSAttributedString*)texte {
+    [super setAttributedStringValue:texte];
+    if ([[self superview] isKindOfClass:[NSStackView class]]) {
+        [static_cast<NSStackView*>([self superview]) prevoirLaDisposition];
+    }
+}
+
 - (void)setPreferredMaxLayoutWidth:(CGFloat)largeur {
     objc_setAssociatedObject(self, &kLargeurMaximale, [NSNumber numberWithDouble:largeur],
                              OBJC_ASSOCIATION_RETAIN_NONATOMIC);

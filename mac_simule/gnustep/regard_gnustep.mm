@@ -63,11 +63,22 @@ template <typename Genre> Genre* premiere(const std::function<bool(Genre*)>& con
     return trouvee;
 }
 
-std::string police(NSControl* controle) {
-    NSFont* sienne = [controle font];
+std::string police(NSFont* sienne) {
     const bool gras =
         ([[NSFontManager sharedFontManager] traitsOfFont:sienne] & NSBoldFontMask) != 0;
     return std::to_string(std::lround([sienne pointSize])) + " points" + (gras ? ", gras" : "");
+}
+
+// Ce qu'une personne lit, sans ce qui ne sert qu'à couper les lignes.
+std::string luSansLiens(NSString* texte) {
+    NSString* nu = [texte stringByReplacingOccurrencesOfString:@"\u2060" withString:@""];
+    return lu([nu stringByReplacingOccurrencesOfString:@"\u00A0" withString:@" "]);
+}
+
+// Ce qui se dessine vraiment : le texte d'une étiquette porte sa police et sa couleur.
+template <typename Attribut> Attribut* dessine(NSTextField* etiquette, NSString* nom) {
+    NSAttributedString* texte = [etiquette attributedStringValue];
+    return [texte length] == 0 ? nil : [texte attribute:nom atIndex:0 effectiveRange:nullptr];
 }
 
 bool parDefaut(NSButton* bouton) { return [[bouton keyEquivalent] isEqualToString:@"\r"]; }
@@ -84,14 +95,16 @@ robot::Vue decrire(NSView* ici) {
         auto* bouton = static_cast<NSButton*>(ici);
         // L'icône d'une alerte de GNUstep est un bouton sans titre visible.
         vue.genre = [bouton imagePosition] == NSImageOnly ? "" : "bouton";
-        vue.reglages = police(bouton) + (parDefaut(bouton) ? ", par défaut" : "");
+        vue.reglages = police([bouton font]) + (parDefaut(bouton) ? ", par défaut" : "");
         vue.texte = lu([bouton title]);
     } else if ([ici isKindOfClass:[NSTextField class]]) {
         auto* etiquette = static_cast<NSTextField*>(ici);
-        const bool seconde = [[etiquette textColor] isEqual:[NSColor secondaryLabelColor]];
+        const bool seconde = [dessine<NSColor>(etiquette, NSForegroundColorAttributeName)
+            isEqual:[NSColor secondaryLabelColor]];
         vue.genre = "étiquette";
-        vue.reglages = police(etiquette) + (seconde ? ", secondaire" : "");
-        vue.texte = lu([etiquette stringValue]);
+        vue.reglages = police(dessine<NSFont>(etiquette, NSFontAttributeName)) +
+                       (seconde ? ", secondaire" : "");
+        vue.texte = luSansLiens([etiquette stringValue]);
     } else if ([ici isKindOfClass:[NSImageView class]]) {
         vue.genre = "image";
         vue.texte = lu([ici toolTip]);

@@ -56,6 +56,10 @@
     [self setFont:[NSFont systemFontOfSize:taille == NSSmallControlSize ? 11 : 13]];
 }
 
+- (NSLineBreakMode)lineBreakMode {
+    return [[self cell] lineBreakMode];
+}
+
 @end
 
 @implementation NSView (Mac)

@@ -1,8 +1,26 @@
 #include "plateforme/macos/textes.hpp"
 #include "plateforme/macos/vue_native.hpp"
 
+// Ce qui tient la sélection d'une étiquette. Il en donne le texte d'origine, à copier comme à
+// glisser, et sans ses attributs.
+@interface EditeurDEtiquette : NSTextView
+@end
+
+@implementation EditeurDEtiquette
+
+- (BOOL)writeSelectionToPasteboard:(NSPasteboard*)pressePapiers
+                             types:(NSArray<NSPasteboardType>*)__unused genres {
+    NSString* choisi = [self.string substringWithRange:self.selectedRange];
+    [pressePapiers clearContents];
+    return [pressePapiers setString:plateforme::macos::sansLiens(choisi)
+                            forType:NSPasteboardTypeString];
+}
+
+@end
+
 @interface DelegueFenetre : NSObject <NSWindowDelegate> {
     std::function<void()> fermeture_;
+    EditeurDEtiquette* editeur_;
 }
 - (instancetype)initAvecFermeture:(std::function<void()>)fermeture;
 @end
@@ -19,6 +37,15 @@
 
 - (void)windowWillClose:(NSNotification*)__unused notification {
     fermeture_();
+}
+
+// La fenêtre n'a que des étiquettes à sélectionner.
+- (id)windowWillReturnFieldEditor:(NSWindow*)__unused fenetre toObject:(id)__unused client {
+    if (editeur_ == nil) {
+        editeur_ = [[EditeurDEtiquette alloc] init];
+        editeur_.fieldEditor = YES;
+    }
+    return editeur_;
 }
 
 @end

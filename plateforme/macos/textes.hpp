@@ -2,6 +2,8 @@
 // dossier.
 #pragma once
 
+#include "plateforme/posix/typographie.hpp"
+
 #import <Foundation/Foundation.h>
 
 #include <string>
@@ -20,6 +22,11 @@ inline NSString* versNSString(const std::string& texte) {
 inline std::string versTexte(NSString* texte) {
     const char* octets = texte.UTF8String;
     return octets != nullptr ? std::string(octets) : std::string();
+}
+
+// Le texte d'origine de ce qu'une étiquette montre, ou d'une partie.
+inline NSString* sansLiens(NSString* texte) {
+    return versNSString(delier(versTexte(texte)));
 }
 
 } // namespace plateforme::macos

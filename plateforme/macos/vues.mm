@@ -1,4 +1,4 @@
-// Étiquettes, boutons, menus locaux et vues vides.
+// Boutons, menus locaux et vues vides.
 #include "plateforme/macos/textes.hpp"
 #include "plateforme/macos/vue_native.hpp"
 #include "plateforme/posix/suite_de_clics.hpp"
@@ -95,32 +95,6 @@ Vue espace(Orientation direction) {
                          forOrientation:NSLayoutConstraintOrientationVertical];
     }
     return Vue(macos::tenir(vide));
-}
-
-Etiquette Etiquette::simple(const std::string& texte) {
-    return Etiquette(macos::tenir([NSTextField labelWithString:macos::versNSString(texte)]));
-}
-
-Etiquette Etiquette::multiligne(const std::string& texte) {
-    return Etiquette(
-        macos::tenir([NSTextField wrappingLabelWithString:macos::versNSString(texte)]));
-}
-
-void Etiquette::setTexte(const std::string& texte) const {
-    macos::vueDe<NSTextField>(*this).stringValue = macos::versNSString(texte);
-}
-
-void Etiquette::setPolice(double taille, bool gras) const {
-    macos::vueDe<NSTextField>(*this).font =
-        gras ? [NSFont boldSystemFontOfSize:taille] : [NSFont systemFontOfSize:taille];
-}
-
-void Etiquette::setCouleurSecondaire() const {
-    macos::vueDe<NSTextField>(*this).textColor = NSColor.secondaryLabelColor;
-}
-
-void Etiquette::setLargeurMaximale(double largeur) const {
-    macos::vueDe<NSTextField>(*this).preferredMaxLayoutWidth = largeur;
 }
 
 Bouton::Bouton(const std::string& titre, std::function<void()> action)

@@ -87,6 +87,7 @@ QApplication& applicationQt() {
         QApplication::setApplicationName(QString::fromLatin1(nom));
         QApplication::setStyle(new StyleAssistant);
         auto* creee = new QApplication(nombre, arguments);
+        creee->installEventFilter(QApplication::style());
         // Fermer la fenêtre passe par le délégué, comme sur un Mac.
         QApplication::setQuitOnLastWindowClosed(false);
         QApplication::setPalette(paletteAssistant(QGuiApplication::palette()));

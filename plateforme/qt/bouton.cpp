@@ -77,7 +77,7 @@ protected:
         QPainter peintre(this);
         peintre.setRenderHint(QPainter::Antialiasing);
         const CouleursBouton couleurs = couleursBouton(isDefault(), isDown());
-        peindreBouton(peintre, rect(), couleurs, hasFocus());
+        peindreBouton(peintre, rect(), couleurs, porteLAnneau(*this));
         peintre.setPen(couleurs.texte);
         peintre.drawText(rect(), Qt::AlignCenter, text());
     }

@@ -86,15 +86,11 @@ protected:
 private:
     bool confieeAQt() const { return textInteractionFlags() != Qt::NoTextInteraction; }
 
-    QString html(const QString& texte) const {
-        return texteRiche(texte, fontMetrics().lineSpacing());
-    }
-
     void confierAQt() {
         const QString texte = sansCoupureFautive(nu_);
         const bool riche = demandeUnTexteRiche(texte);
         setTextFormat(riche ? Qt::RichText : Qt::PlainText);
-        setText(riche ? html(texte) : texte);
+        setText(riche ? texteRiche(texte, font()) : texte);
         setTextInteractionFlags(Qt::TextSelectableByMouse);
     }
 
@@ -119,7 +115,7 @@ private:
             document_->setDefaultFont(font());
             document_->setTextWidth(largeur_ == 0 ? -1 : largeur_);
             const QString texte = sansCoupureFautive(nu_);
-            demandeUnTexteRiche(texte) ? document_->setHtml(html(texte))
+            demandeUnTexteRiche(texte) ? document_->setHtml(texteRiche(texte, font()))
                                        : document_->setPlainText(texte);
         }
         return *document_;

@@ -1,6 +1,7 @@
 #include "plateforme/qt/fenetre_qt.hpp"
 
 #include "plateforme/qt/application_qt.hpp"
+#include "plateforme/qt/icone.hpp"
 
 #include <QtGui/QGuiApplication>
 #include <QtGui/QKeyEvent>
@@ -17,6 +18,7 @@ FenetreQt::FenetreQt(const QString& titre, QSize taille)
                                Qt::WindowCloseButtonHint),
       contenu_(new QWidget) {
     setWindowTitle(titre);
+    setWindowIcon(iconeDuPaquet());
     setMenuBar(creerBarreDeMenus(this));
     contenu_->setFixedSize(taille);
     setCentralWidget(contenu_);
@@ -77,6 +79,16 @@ bool FenetreQt::focusNextPrevChild(bool suivant) {
     return true;
 }
 
+namespace {
+
+// Le banc du Mac simulé, ouvert à côté, dit ce qu'il lui faut de l'écran, à droite, en points.
+QRect aGaucheDuBanc(const QRect& ecran) {
+    const int banc = qEnvironmentVariableIntValue("LUMIVIA_PLACE_DU_BANC");
+    return ecran.adjusted(0, 0, -std::max(banc, 0), 0);
+}
+
+} // namespace
+
 struct Fenetre::Native {
     FenetreQt* fenetre; // gardée jusqu'à la fin du processus
 };
@@ -105,8 +117,9 @@ void Fenetre::poser(const Pile& pile, const std::vector<Vue>& pleineLargeur, dou
 void Fenetre::centrer() {
     FenetreQt& fenetre = *native_->fenetre;
     if (const QScreen* ecran = QGuiApplication::primaryScreen()) {
-        const QRect libre = ecran->availableGeometry();
-        fenetre.move(libre.center() - QRect({}, fenetre.sizeHint()).center());
+        const QRect libre = aGaucheDuBanc(ecran->availableGeometry());
+        const QPoint coin = libre.center() - QRect({}, fenetre.sizeHint()).center();
+        fenetre.move(std::max(coin.x(), libre.left()), std::max(coin.y(), libre.top()));
     }
 }
 

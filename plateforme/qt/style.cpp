@@ -2,7 +2,9 @@
 
 #include "plateforme/qt/apparence.hpp"
 
+#include <QtGui/QKeyEvent>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QStyleOption>
 
 namespace plateforme {
@@ -19,6 +21,13 @@ constexpr int kHauteurArticle = 24;
 constexpr int kPlaceCoche = 26;
 constexpr int kMargeArticle = 5;
 constexpr int kEcartRaccourci = 28;
+
+bool auClavier = false; // le dernier geste était d'y chercher un bouton
+
+bool chercheUnBouton(int touche) {
+    return touche == Qt::Key_Tab || touche == Qt::Key_Backtab || touche == Qt::Key_Alt ||
+           (touche >= Qt::Key_Left && touche <= Qt::Key_Down);
+}
 
 void tracer(QPainter& peintre, const QPainterPath& trait, const QColor& couleur) {
     peintre.setBrush(Qt::NoBrush);
@@ -46,8 +55,7 @@ void peindreCoche(QPainter& peintre, const QRect& place, const QColor& couleur) 
     tracer(peintre, coche, couleur);
 }
 
-void peindreMenuLocal(QPainter& peintre, const QStyleOptionComboBox& option) {
-    const bool anneau = option.state.testFlag(QStyle::State_HasFocus);
+void peindreMenuLocal(QPainter& peintre, const QStyleOptionComboBox& option, bool anneau) {
     const CouleursBouton couleurs =
         couleursBouton(false, option.state.testFlag(QStyle::State_Sunken));
     peindreBouton(peintre, option.rect, couleurs, anneau);
@@ -118,7 +126,25 @@ void peindreBouton(QPainter& peintre, const QRect& place, const CouleursBouton& 
     }
 }
 
+bool porteLAnneau(const QWidget& vue) {
+    return auClavier && vue.hasFocus();
+}
+
 StyleAssistant::StyleAssistant() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+bool StyleAssistant::eventFilter(QObject* /*objet*/, QEvent* evenement) {
+    const bool avant = auClavier;
+    if (evenement->type() == QEvent::MouseButtonPress) {
+        auClavier = false;
+    } else if (evenement->type() == QEvent::KeyPress &&
+               chercheUnBouton(static_cast<QKeyEvent*>(evenement)->key())) {
+        auClavier = true;
+    }
+    if (QWidget* porteur = QApplication::focusWidget(); porteur != nullptr && auClavier != avant) {
+        porteur->update();
+    }
+    return false;
+}
 
 void StyleAssistant::drawComplexControl(ComplexControl controle, const QStyleOptionComplex* option,
                                         QPainter* peintre, const QWidget* vue) const {
@@ -128,7 +154,8 @@ void StyleAssistant::drawComplexControl(ComplexControl controle, const QStyleOpt
     }
     peintre->save();
     peintre->setRenderHint(QPainter::Antialiasing);
-    peindreMenuLocal(*peintre, *qstyleoption_cast<const QStyleOptionComboBox*>(option));
+    peindreMenuLocal(*peintre, *qstyleoption_cast<const QStyleOptionComboBox*>(option),
+                     vue != nullptr && porteLAnneau(*vue));
     peintre->restore();
 }
 

@@ -15,10 +15,17 @@ struct CouleursBouton;
 void peindreBouton(QPainter& peintre, const QRect& place, const CouleursBouton& couleurs,
                    bool anneau);
 
+// Vrai quand cette vue a le clavier et que c'est de lui que l'on se sert : après un clic, l'anneau
+// ne désignerait rien d'utile.
+bool porteLAnneau(const QWidget& vue);
+
 // Fusion, dont le menu local et les menus prennent l'allure de nos boutons.
 class StyleAssistant : public QProxyStyle {
 public:
     StyleAssistant();
+
+    // Pour toute l'application : il y suit les gestes qui montrent et cachent l'anneau.
+    bool eventFilter(QObject* objet, QEvent* evenement) override;
 
     void drawComplexControl(ComplexControl controle, const QStyleOptionComplex* option,
                             QPainter* peintre, const QWidget* vue) const override;

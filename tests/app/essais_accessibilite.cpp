@@ -38,6 +38,10 @@ void exigerQueToutTienne(const Conduite& c) {
     }
 }
 
+QImage image(QWidget* vue) {
+    return vue->grab().toImage();
+}
+
 class EcranFin : public ::testing::TestWithParam<std::string> {};
 
 } // namespace
@@ -59,6 +63,9 @@ TEST(Accessibilite, uneAideLitLesPages) {
     c.touche(Qt::Key_Tab);
     QWidget* ici = QApplication::focusWidget();
     EXPECT_EQ(noms(*ici, QAccessible::ComboBox), Noms{"Chataigne"});
+    const QImage anneau = image(ici); // il ne reste pas après un clic
+    QTest::mouseClick(&c.fenetre(), Qt::LeftButton, Qt::NoModifier, QPoint(5, 300));
+    EXPECT_TRUE(ici->hasFocus() && image(ici) != anneau);
 }
 
 TEST(Accessibilite, uneAlerteSeLitEtSeFermeParEchapp) {
@@ -72,6 +79,9 @@ TEST(Accessibilite, uneAlerteSeLitEtSeFermeParEchapp) {
         essai::traiter();                                       // l'alerte prend le clavier
         Conduite::touche(Qt::Key_Return, Qt::NoModifier, true); // tenue depuis la page
         EXPECT_TRUE(alerte->isVisible());
+        const QImage sansAnneau = image(&c.bouton("OK")); // qui a pourtant le clavier
+        Conduite::touche(Qt::Key_Tab);
+        EXPECT_NE(image(&c.bouton("OK")), sansAnneau);
         Conduite::touche(Qt::Key_Escape);
     });
     c.cliquer("Copier le rapport pour le support");

@@ -27,10 +27,10 @@ TEST(Cadre, unTexteSelectionneSeCopie) {
     c.demarrer();
     EXPECT_EQ(c.fenetre().minimumSize(), c.fenetre().maximumSize());
     QLabel* texte = c.fenetre().centralWidget()->findChildren<QLabel*>()[1];
-    texte->setFocus();
-    texte->setSelection(0, static_cast<int>(texte->text().size()));
+    QTest::mouseClick(texte, Qt::LeftButton);
+    texte->setSelection(0, static_cast<int>(texte->accessibleName().size()));
     c.touche(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(robot::pressePapiers(), texte->text().toStdString());
+    EXPECT_EQ(robot::pressePapiers(), texte->accessibleName().toStdString());
 }
 
 TEST(Cadre, leClavierSeulConduitLesPages) {

@@ -127,3 +127,31 @@ TEST_F(Proprietes, unTexteQuiNEstPasDeLUTF8DevientVide) {
     etiquette.setTexte("fini");
     EXPECT_TRUE([[static_cast<NSTextField*>(etiquette.native().vue) stringValue] isEqual:@"fini"]);
 }
+
+TEST_F(Proprietes, uneEtiquetteComposeSonTexteEtEnRendLOrigine) {
+    const std::string texte = "Voici :\n  1.  Collez-le « ici »";
+    Page page;
+    page.fenetre.surFermeture([] {});
+    const auto etiquette = plateforme::Etiquette::multiligne(texte);
+    page.pile.ajouter(etiquette);
+    auto* champ = static_cast<NSTextField*>(etiquette.native().vue);
+    NSFont* police = [NSFont boldSystemFontOfSize:20];
+    const auto lire = [](NSAttributedString* vu, NSString* attribut) {
+        return [vu attribute:attribut atIndex:10 effectiveRange:nullptr];
+    };
+    etiquette.setPolice(20, true);
+    EXPECT_EQ(lire([champ attributedStringValue], NSFontAttributeName), police);
+    etiquette.setCouleurSecondaire();
+    tourner(0.6); // gpbs s'ouvre à peine
+    [champ selectText:nil];
+    auto* editeur = static_cast<NSTextView*>([champ currentEditor]);
+    NSAttributedString* vu = [editeur textStorage];
+    EXPECT_TRUE([[vu string] isEqual:@"Voici\u00A0:\n  1.  Collez-\u2060le «\u00A0ici\u00A0»"]);
+    EXPECT_EQ(lire(vu, NSFontAttributeName), police);
+    EXPECT_EQ(lire(vu, NSForegroundColorAttributeName), [NSColor secondaryLabelColor]);
+    EXPECT_EQ([lire(vu, NSParagraphStyleAttributeName) headIndent],
+              [@"  1.  " sizeWithAttributes:@{NSFontAttributeName : police}].width);
+    EXPECT_STREQ([[champ performSelector:@selector(accessibilityValue)] UTF8String], texte.c_str());
+    [editeur copy:nil];
+    EXPECT_EQ(robot::pressePapiers(), texte);
+}

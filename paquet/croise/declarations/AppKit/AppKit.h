@@ -43,7 +43,13 @@ typedef NS_ENUM(NSUInteger, NSControlSize) { NSControlSizeRegular = 0, NSControl
 
 typedef NS_ENUM(NSUInteger, NSImageScaling) { NSImageScaleProportionallyUpOrDown = 3 };
 
+typedef NSInteger NSTextAlignment;
+typedef NSUInteger NSLineBreakMode;
+
 extern "C" const NSPasteboardType NSPasteboardTypeString;
+extern "C" NSString* const NSFontAttributeName;
+extern "C" NSString* const NSForegroundColorAttributeName;
+extern "C" NSString* const NSParagraphStyleAttributeName;
 
 @interface NSColor : NSObject
 @property(class, readonly, strong) NSColor* secondaryLabelColor;
@@ -52,6 +58,16 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @interface NSFont : NSObject
 + (NSFont*)systemFontOfSize:(CGFloat)taille;
 + (NSFont*)boldSystemFontOfSize:(CGFloat)taille;
+@end
+
+@interface NSMutableParagraphStyle : NSObject
+@property NSTextAlignment alignment;
+@property NSLineBreakMode lineBreakMode;
+@property CGFloat headIndent;
+@end
+
+@interface NSString (NSStringDrawing)
+- (NSSize)sizeWithAttributes:(NSDictionary<NSString*, id>*)attributs;
 @end
 
 @interface NSImage : NSObject
@@ -93,6 +109,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @interface NSView : NSResponder
 @property BOOL translatesAutoresizingMaskIntoConstraints;
 @property(copy) NSString* accessibilityLabel;
+@property(strong) id accessibilityValue;
 @property(readonly, strong) NSLayoutXAxisAnchor* leadingAnchor;
 @property(readonly, strong) NSLayoutXAxisAnchor* trailingAnchor;
 @property(readonly, strong) NSLayoutYAxisAnchor* topAnchor;
@@ -105,8 +122,18 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
                    forOrientation:(NSLayoutConstraintOrientation)orientation;
 @end
 
+@class NSPasteboard;
+
 @interface NSText : NSView
+@property(copy) NSString* string;
+@property NSRange selectedRange;
+@property(getter=isFieldEditor) BOOL fieldEditor;
 - (void)copy:(id)emetteur;
+@end
+
+@interface NSTextView : NSText
+- (BOOL)writeSelectionToPasteboard:(NSPasteboard*)pressePapiers
+                             types:(NSArray<NSPasteboardType>*)genres;
 @end
 
 @interface NSStackView : NSView
@@ -122,7 +149,10 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @property(weak) id target;
 @property SEL action;
 @property(copy) NSString* stringValue;
+@property(copy) NSAttributedString* attributedStringValue;
 @property(strong) NSFont* font;
+@property NSTextAlignment alignment;
+@property NSLineBreakMode lineBreakMode;
 @property NSControlSize controlSize;
 @end
 
@@ -141,6 +171,7 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 @interface NSTextField : NSControl
 @property(copy) NSColor* textColor;
 @property CGFloat preferredMaxLayoutWidth;
+@property BOOL allowsEditingTextAttributes;
 + (instancetype)labelWithString:(NSString*)texte;
 + (instancetype)wrappingLabelWithString:(NSString*)texte;
 @end
@@ -161,9 +192,12 @@ extern "C" const NSPasteboardType NSPasteboardTypeString;
 - (NSMenuItem*)addItemWithTitle:(NSString*)titre action:(SEL)action keyEquivalent:(NSString*)touche;
 @end
 
+@class NSWindow;
+
 @protocol NSWindowDelegate <NSObject>
 @optional
 - (void)windowWillClose:(NSNotification*)notification;
+- (id)windowWillReturnFieldEditor:(NSWindow*)fenetre toObject:(id)client;
 @end
 
 @interface NSWindow : NSResponder

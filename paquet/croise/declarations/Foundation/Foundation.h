@@ -24,6 +24,10 @@ static inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat largeur, CGFloat h
     return {{x, y}, {largeur, hauteur}};
 }
 
+struct NSRange {
+    NSUInteger location, length;
+};
+
 struct NSEdgeInsets {
     CGFloat top, left, bottom, right;
 };
@@ -67,6 +71,7 @@ struct NSFastEnumerationState {
                        length:(NSUInteger)longueur
                      encoding:(NSStringEncoding)codage;
 - (NSComparisonResult)localizedCaseInsensitiveCompare:(NSString*)autre;
+- (NSString*)substringWithRange:(NSRange)etendue;
 @end
 
 @interface NSNumber : NSObject
@@ -100,6 +105,14 @@ struct NSFastEnumerationState {
 @interface NSMutableDictionary<Cle, Objet> : NSDictionary <Cle, Objet>
 + (instancetype)dictionary;
 - (void)setObject:(Objet)objet forKey:(id<NSCopying>)cle;
+@end
+
+@interface NSAttributedString : NSObject
+- (instancetype)initWithString:(NSString*)texte attributes:(NSDictionary<NSString*, id>*)attributs;
+@end
+
+@interface NSMutableAttributedString : NSAttributedString
+- (void)appendAttributedString:(NSAttributedString*)suite;
 @end
 
 @interface NSDate : NSObject
