@@ -58,7 +58,7 @@ faire_vivre() {
     rendre_mac
     # Sans session, Qt s'en ferait une sous /tmp, et l'y laisserait.
     [ -n "${XDG_RUNTIME_DIR:-}" ] || export XDG_RUNTIME_DIR=${temporaire:?}
-    "$construction/mac_simule/banc/banc" "$mac" &
+    "$racine/mac_simule/banc/banc" "$mac" &
     banc=$!
     # Dans une démonstration, Qt met le robot dans l'assistant ; le banc n'en a pas.
     if [ -n "${LUMIVIA_DEMONSTRATION:-}" ]; then
