@@ -44,7 +44,7 @@ Depot::~Depot() {
     }
 }
 
-void Depot::deposer(const Reception& bilan) {
+void Depot::deposer(const Reception& bilan) const {
     const Nanosecondes instant = maintenant();
     const Fiche fiche{instant, bilan, instant};
     // Un refus du disque ne change rien à la ligne : le banc garde ce qu'il a lu.

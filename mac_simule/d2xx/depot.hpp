@@ -16,11 +16,13 @@ public:
     // Absent quand un autre processus tient l'émetteur, ou que le fichier ne peut pas être écrit.
     static std::optional<Depot> prendre(const std::string& racine);
     ~Depot();
+
     Depot(Depot&& autre) noexcept : fichier_(std::exchange(autre.fichier_, -1)) {}
+
     Depot& operator=(Depot&&) = delete;
 
     // Un seul appel système.
-    void deposer(const Reception& bilan);
+    void deposer(const Reception& bilan) const;
 
 private:
     explicit Depot(int fichier) : fichier_(fichier) {}
