@@ -58,7 +58,11 @@ faire_vivre() {
     rendre_mac
     # Sans session, Qt s'en ferait une sous /tmp, et l'y laisserait.
     [ -n "${XDG_RUNTIME_DIR:-}" ] || export XDG_RUNTIME_DIR=${temporaire:?}
-    "$construction/mac_simule/banc/banc" "$mac" &
+    # Pour la personne qui regarde : le banc à droite de l'écran, sur cette largeur en points, et un
+    # redémarrage qui dure assez, en secondes, pour se voir.
+    [ -n "${LUMIVIA_DEMONSTRATION:-}" ] ||
+        export LUMIVIA_PLACE_DU_BANC=480 LUMIVIA_REDEMARRAGE=1.5
+    "$racine/mac_simule/banc/banc" "$mac" &
     banc=$!
     # Dans une démonstration, Qt met le robot dans l'assistant ; le banc n'en a pas.
     if [ -n "${LUMIVIA_DEMONSTRATION:-}" ]; then

@@ -41,7 +41,7 @@ PARCOURS = ("complet oui", "complet non", "sans-emetteur oui", "emetteur-occupe 
             "plus-tard oui", "relance-impossible oui", "reconstruction-non-confirmee oui")
 CIBLES = {"parcours": ("paquet_simule",), "pannes": ("paquet_simule", "pannes"),
           "gnustep": ("paquet_simule", "proprietes_gnustep", "assistant_gnustep")}
-SOCLE = ("banc", "robot", "variantes_d2xx")
+SOCLE = ("robot", "variantes_d2xx")
 
 
 def cibles(etape):

@@ -1,26 +1,33 @@
-// Le fichier projeté etat/reception : le bilan du récepteur, que la bibliothèque D2XX simulée
-// dépose et que tout autre lit, sans verrou. Les champs voyagent en mots atomiques entourés d'un
-// numéro de séquence, impair pendant une écriture.
+// Le fichier etat/reception : le bilan du récepteur, que la bibliothèque D2XX simulée dépose et que
+// tout autre lit, sans verrou. Il y est entre deux fois l'instant de son dépôt : un lecteur qui
+// tombe au milieu d'une écriture le voit, et relit.
 #pragma once
 
-#include "mac_simule/d2xx/projection.hpp"
 #include "mac_simule/d2xx/reception.hpp"
+
+#include <string>
+#include <utility>
 
 namespace d2xx {
 
 // Tient l'émetteur : tant que le dépôt vit, le verrou du fichier le refuse à tout autre processus.
 class Depot {
 public:
-    // Absent quand un autre processus tient l'émetteur, ou que le fichier ne peut pas être projeté.
+    // Absent quand un autre processus tient l'émetteur, ou que le fichier ne peut pas être écrit.
     static std::optional<Depot> prendre(const std::string& racine);
+    ~Depot();
 
-    // Aucun appel système.
-    void deposer(const Reception& bilan);
+    Depot(Depot&& autre) noexcept : fichier_(std::exchange(autre.fichier_, -1)) {}
+
+    Depot& operator=(Depot&&) = delete;
+
+    // Un seul appel système.
+    void deposer(const Reception& bilan) const;
 
 private:
-    explicit Depot(std::unique_ptr<Projection> projection) : projection_(std::move(projection)) {}
+    explicit Depot(int fichier) : fichier_(fichier) {}
 
-    std::unique_ptr<Projection> projection_;
+    int fichier_;
 };
 
 // Lit le fichier de réception d'une racine. Absente : aucun émetteur n'a encore été ouvert, ou le

@@ -9,6 +9,7 @@
 #include <ctime>
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace d2xx {
@@ -36,39 +37,43 @@ Releve::Releve() {
     if (chemin == nullptr || *chemin == '\0') {
         return;
     }
-    projection_ = Projection::ouvrir(
-        chemin, O_RDWR | O_CREAT | (longueur == 0 ? O_TRUNC : 0), kCapacite, [](int fichier) {
-            return ::posix_fallocate(fichier, 0, static_cast<off_t>(kCapacite)) == 0;
-        });
-    if (!projection_) {
+    fichier_ = ::open(chemin, O_RDWR | O_CREAT | O_CLOEXEC | (longueur == 0 ? O_TRUNC : 0), 0644);
+    void* debut = MAP_FAILED;
+    if (fichier_ >= 0 && ::posix_fallocate(fichier_, 0, static_cast<off_t>(kCapacite)) == 0) {
+        debut = ::mmap(nullptr, kCapacite, PROT_READ | PROT_WRITE, MAP_SHARED, fichier_, 0);
+    }
+    if (debut == MAP_FAILED) {
         std::fprintf(stderr, "Le relevé DMX ne peut pas être écrit dans « %s ».\n", chemin);
         return;
     }
-    char* const debut = static_cast<char*>(projection_->debut());
+    debut_ = static_cast<char*>(debut);
     // Les pages sont prises maintenant : le fil d'envoi n'en attend aucune.
-    std::memset(debut + longueur, 0, kCapacite - longueur);
+    std::memset(debut_ + longueur, 0, kCapacite - longueur);
     if (longueur == 0) {
         constexpr std::string_view entete = "# dmx-record 1 horloge=CLOCK_MONOTONIC unite=ns\n";
-        longueur = entete.copy(debut, entete.size());
+        longueur = entete.copy(debut_, entete.size());
     }
 }
 
 Releve::~Releve() {
-    if (projection_) {
+    if (debut_ != nullptr) {
         // Un échec laisse des zéros à la fin, que le lecteur sait ignorer.
-        (void)::ftruncate(projection_->fichier(), static_cast<off_t>(longueur));
+        (void)::ftruncate(fichier_, static_cast<off_t>(longueur));
+        ::munmap(debut_, kCapacite);
+    }
+    if (fichier_ >= 0) {
+        ::close(fichier_);
     }
 }
 
 void Releve::noter(Nanosecondes instant, const char* evenement, std::uint64_t valeur,
                    const char* suite) {
-    if (!projection_) {
+    if (debut_ == nullptr) {
         return;
     }
     const std::size_t reste = kCapacite - longueur;
-    const int ecrits =
-        std::snprintf(static_cast<char*>(projection_->debut()) + longueur, reste,
-                      "%" PRId64 " %s %" PRIu64 "%s\n", instant, evenement, valeur, suite);
+    const int ecrits = std::snprintf(debut_ + longueur, reste, "%" PRId64 " %s %" PRIu64 "%s\n",
+                                     instant, evenement, valeur, suite);
     // Plein, le relevé s'arrête là : une ligne coupée tromperait plus qu'une fin.
     if (ecrits > 0 && static_cast<std::size_t>(ecrits) < reste) {
         longueur += static_cast<std::size_t>(ecrits);
@@ -76,7 +81,7 @@ void Releve::noter(Nanosecondes instant, const char* evenement, std::uint64_t va
 }
 
 void Releve::noterEcriture(Nanosecondes instant, std::span<const std::uint8_t> octets) {
-    if (!projection_) {
+    if (debut_ == nullptr) {
         return;
     }
     constexpr std::size_t notes = 8;
@@ -89,7 +94,7 @@ void Releve::noterEcriture(Nanosecondes instant, std::span<const std::uint8_t> o
 
 void Releve::noterRetour(Nanosecondes instant, std::size_t octets) {
     noter(instant, "write_end", octets);
-    if (projection_ && ++ecritures_ % kEcrituresEntreDeuxCalculs == 0) {
+    if (debut_ != nullptr && ++ecritures_ % kEcrituresEntreDeuxCalculs == 0) {
         noter(instant, "cpu_process", tempsDeCalcul(CLOCK_PROCESS_CPUTIME_ID));
         noter(instant, "cpu_thread", tempsDeCalcul(CLOCK_THREAD_CPUTIME_ID));
     }

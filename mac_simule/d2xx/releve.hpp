@@ -8,8 +8,8 @@
 #pragma once
 
 #include "mac_simule/d2xx/ligne.hpp"
-#include "mac_simule/d2xx/projection.hpp"
 
+#include <cstddef>
 #include <span>
 
 namespace d2xx {
@@ -22,6 +22,8 @@ public:
 
     // Rend la place qui reste.
     ~Releve();
+    Releve(const Releve&) = delete;
+    Releve& operator=(const Releve&) = delete;
 
     void noter(Nanosecondes instant, const char* evenement, std::uint64_t valeur,
                const char* suite = "");
@@ -32,7 +34,8 @@ public:
     void noterRetour(Nanosecondes instant, std::size_t octets);
 
 private:
-    std::unique_ptr<Projection> projection_; // nulle : pas de relevé
+    int fichier_ = -1;
+    char* debut_ = nullptr; // nul : pas de relevé
     unsigned ecritures_ = 0;
 };
 

@@ -18,9 +18,6 @@ public:
 
     [[nodiscard]] const std::string& racine() const { return racine_; }
 
-    // Faux dès que sa racine a disparu.
-    [[nodiscard]] bool existe() const { return present(""); }
-
     // Chemin réel d'un fait, par exemple « version » ou « usb/emetteur-1 ».
     [[nodiscard]] std::string chemin(const std::string& fait) const;
 
@@ -37,10 +34,6 @@ public:
 
     // Remplace le fichier d'un coup : personne n'en lit la moitié. Faux quand le disque refuse.
     [[nodiscard]] bool ecrire(const std::string& fait, const std::string& texte) const;
-
-    // Faux quand le disque refuse, ou que le fait n'est pas là. Le dossier d'arrivée est créé.
-    [[nodiscard]] bool retirer(const std::string& fait) const;
-    [[nodiscard]] bool deplacer(const std::string& de, const std::string& vers) const;
 
 private:
     std::string racine_;

@@ -70,15 +70,4 @@ bool Mac::ecrire(const std::string& fait, const std::string& texte) const {
     return false;
 }
 
-bool Mac::retirer(const std::string& fait) const {
-    return std::remove(chemin(fait).c_str()) == 0;
-}
-
-bool Mac::deplacer(const std::string& de, const std::string& vers) const {
-    std::error_code refus; // un dossier qui ne se crée pas fait échouer ce qui suit
-    fs::create_directories(fs::path(chemin(vers)).parent_path(), refus);
-    fs::rename(chemin(de), chemin(vers), refus);
-    return !refus;
-}
-
 } // namespace faits

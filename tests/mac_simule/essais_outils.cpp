@@ -59,6 +59,12 @@ TEST(Outils, kmutilReconstruitSelonLApprobation) {
     suivre(mac,
            {{rebuild, 0, rien + "No changes detected\n"}, {rebuild, 0, rien, "kmutil", "muet\n"}});
     mac.retirer("/Library/Extensions/D2xxHelper.kext");
+    const std::string agent = "/System/Library/CoreServices/SecurityAgent.app/Contents/MacOS/";
+    mac.poser(agent + "SecurityAgent", "#!/bin/sh\nexit 1\n"); // la personne annule
+    ::unsetenv("QT_QPA_PLATFORM");
+    ::setenv("DISPLAY", ":0", 1);
+    suivre(mac, {{rebuild, 250, "LocalAuthentication Code=-6", "kmutil", "confirme\n"}});
+    ::unsetenv("DISPLAY");
     suivre(mac, {{rebuild, 250, "LocalAuthentication Code=-6", "kmutil", "refuse\n"},
                  {rebuild, 0, forme("kmutil-rebuild-retrait.txt"), "kmutil", "confirme\n"},
                  {rebuild, 0, rien + "No changes detected\n"}});
