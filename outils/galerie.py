@@ -27,7 +27,7 @@ img { width: 380px; border-radius: 8px }
 figcaption { font-size: .8rem; color: #55555a }
 html[data-apparence=claire] .sombre, html[data-apparence=sombre] .claire,
 html[data-echelle="1"] .x2, html[data-echelle="2"] .x1,
-html[data-changees] figure:not(.changee) { display: none }
+html[data-changees] figure:not(.changee), html[data-changees] section:not(:has(.changee)) { display: none }
 </style>
 """
 PIED = """<script>
@@ -130,8 +130,8 @@ class Galerie:
         corps = [CHOIX % self.compte()]
         for titre, groupes in (("Par page", self.par_page()), ("Par scénario", self.par_scenario())):
             corps.append(f"<h2>{titre}</h2>")
-            corps += (f'<h3>{html.escape(nom)}</h3>\n<div class="rangee">{"".join(figures)}</div>'
-                      for nom, figures in groupes)
+            corps += (f'<section><h3>{html.escape(nom)}</h3>\n<div class="rangee">'
+                      f'{"".join(figures)}</div></section>' for nom, figures in groupes)
         (self.dossier / "index.html").write_text(TETE + "\n".join(corps) + PIED, encoding="utf-8")
 
 
