@@ -1,5 +1,6 @@
-// La fenêtre de l'assistant, vue et touchée du dehors : la surface que chaque boîte à outils sert à sa
-// façon, celle de Qt dans regard_qt.cpp. Les textes sont ceux qu'une personne lit. Fil principal.
+// La fenêtre de l'assistant, vue et touchée du dehors : la surface que chaque boîte à outils sert à
+// sa façon, celle de Qt dans regard_qt.cpp. Les textes sont ceux qu'une personne lit. Fil
+// principal.
 #pragma once
 
 #include <functional>

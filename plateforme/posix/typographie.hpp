@@ -1,6 +1,6 @@
-// La typographie d'un texte de plusieurs lignes, la même dans les deux adaptateurs : où une ligne ne se
-// coupe pas, et sous quoi revient la suite d'une étape. Ce qui se copie et s'énonce reste le texte
-// d'origine. Textes en UTF-8, fonctions pures. Réservé à plateforme/.
+// La typographie d'un texte de plusieurs lignes, la même dans les deux adaptateurs : où une ligne
+// ne se coupe pas, et sous quoi revient la suite d'une étape. Ce qui se copie et s'énonce reste le
+// texte d'origine. Textes en UTF-8, fonctions pures. Réservé à plateforme/.
 #pragma once
 
 #include <cstddef>
