@@ -152,6 +152,8 @@ class Vie:
         if self.genre == "mkdir":
             return {"Retirer": "le script de retrait",
                     "Redémarrer maintenant": "l'agent de relance"}.get(self.avant, NATURES[MARQUE])
+        if self.chemin.endswith(".icns"):
+            return "l'icône"
         if PAQUET.name in self.chemin:
             return "la bibliothèque D2XX" if self.genre == "dlopen" else "Info.plist"
         return {"Retirer": "le Terminal",
@@ -193,7 +195,7 @@ class Vie:
         yield "la cause n'est pas la bonne", causes != [
             cause for sienne, cause in CAUSES.items() if sienne == nature and not inoffensive]
         if inoffensive or nature in ("le journal", "les Réglages", "le résultat du retrait",
-                                     "la demande de redémarrage", "le réveil de la boucle"):
+                                     "la demande de redémarrage", "le réveil de la boucle", "l'icône"):
             yield "la panne se voit", not pareil
         elif nature in ("le script de retrait", "le Terminal"):
             yield "l'échec ne se montre pas une fois", self.pages.count(ECHEC) != 1
