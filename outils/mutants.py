@@ -29,9 +29,9 @@ LENT = 10  # s ; un essai plus long attend que tous les autres n'aient rien vu
 ETAPES = {
     "support": ("support", "diagnostic", "actions", "app", "parcours"),
     "diagnostic": ("diagnostic", "app", "parcours"),
-    "actions": ("actions", "app", "parcours"),
+    "actions": ("actions", "app", "parcours", "pannes"),
     "dmx": ("dmx", "app", "parcours"),
-    "app": ("parcours", "app"),
+    "app": ("parcours", "app", "pannes"),
     "plateforme/posix": ("plateforme", "support", "actions", "diagnostic", "dmx", "app", "parcours",
                          "pannes"),
 }

@@ -43,13 +43,12 @@ public:
     }
 
     int preparer(int boutEcriture) {
-        sigset_t aucun;
-        sigset_t parDefaut;
+        sigset_t signaux;
         // Sans « :: » : ce sont des macros sur Mac.
-        sigemptyset(&aucun);
-        sigfillset(&parDefaut);
-        ::posix_spawnattr_setsigmask(&attributs_, &aucun);
-        ::posix_spawnattr_setsigdefault(&attributs_, &parDefaut);
+        sigfillset(&signaux);
+        ::posix_spawnattr_setsigdefault(&attributs_, &signaux);
+        sigemptyset(&signaux);
+        ::posix_spawnattr_setsigmask(&attributs_, &signaux);
         ::posix_spawnattr_setflags(&attributs_, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
         for (const int cible : {STDOUT_FILENO, STDERR_FILENO}) {
             const int code = ::posix_spawn_file_actions_adddup2(&actions_, boutEcriture, cible);

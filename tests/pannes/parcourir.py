@@ -9,6 +9,7 @@ import collections
 import concurrent.futures
 import pathlib
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -113,6 +114,8 @@ class Vie:
     def vivre(self, dossier, panne):
         return subprocess.run(
             [PAQUET / "Contents/MacOS/Assistant Lumivia"], capture_output=True, text=True,
+            # Un lanceur peut laisser ce signal ignoré : la fin des outils se perdrait.
+            preexec_fn=lambda: signal.signal(signal.SIGCHLD, signal.SIG_IGN),
             stdin=subprocess.DEVNULL, timeout=120, env={
                 "PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", "HOME": dossier,
                 "LUMIVIA_MAC": self.mac, "LUMIVIA_GESTES": GESTES, "LUMIVIA_PANNE": panne,
@@ -229,6 +232,8 @@ def main():
         for nom, scenario in (("réparer", "complet"), ("rouvert", "pret")):
             modele = creer_modele(nom, scenario, pathlib.Path(dossier))
             temoin = Vie(modele)
+            if not temoin.bien_fini:
+                sys.exit(f"{temoin.nom} : sans aucune panne, le parcours finit mal\n{temoin.sortie}")
             # Un outil s'écoule en plus ou moins de lectures d'une fois à l'autre.
             taches += [(deux.submit(Vie, modele, genre, rang, mort), temoin)
                        for genre, compte in (ligne.split("\t") for ligne in temoin.dits("compte"))
