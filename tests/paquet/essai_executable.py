@@ -63,3 +63,13 @@ class Executable(unittest.TestCase):
         self.assertEqual(identifiant, "Assistant Lumivia")
         self.assertTrue(options & OPTION_AD_HOC)
         self.assertEqual(signees, calculees)
+
+    # Ce que les déclarations de la construction croisée donnent aux constantes : des valeurs de
+    # l'interface binaire du système, relevées à part ; rien à la construction ne les dirait fausses.
+    def test_a_les_constantes_du_systeme(self):
+        declare = "\n".join(
+            chemin.read_text() for chemin in (RACINE / "paquet/croise/declarations").rglob("*.h"))
+        trouvees = re.findall(r"\b((?:NS|k[A-Z]|OBJC_)\w+) = ([^,;}\n]+)", declare)
+        valeurs = {nom: eval(valeur.replace("ULL", "")) for nom, valeur in trouvees}
+        relevees = Path("donnees/valeurs.txt").read_text().split()
+        self.assertEqual(valeurs, dict(zip(relevees[::2], (int(v, 0) for v in relevees[1::2]))))

@@ -1,6 +1,6 @@
 """Lecture d'un exécutable Mach-O universel, sans passer par les outils qui l'ont fabriqué.
 
-Par macholib, et d'après le format pour ce qu'elle ne lit pas : les sélecteurs et la signature.
+Par macholib, et d'après le format pour ce qu'elle ne lit pas : la signature.
 """
 
 import hashlib
@@ -22,21 +22,11 @@ class Tranche:
             self.octets = octets.read(lue.size)
         self.place, self.entete = lue.offset, lue.header
         self.commandes = {genre.cmd: commande for genre, commande, _ in lue.commands}
-        self.sections = {section.sectname.rstrip(b"\0"): section
-                         for genre, _, sections in lue.commands
-                         if genre.cmd == mach_o.LC_SEGMENT_64 for section in sections}
         self.liens = [(genre, chemin) for _, genre, chemin in lue.walkRelocatables()]
         symboles = SymbolTable.SymbolTable(fichier, lue)
         self.importes = {nom.decode(): self.liens[(symbole.n_desc >> 8) - 1][1]
                          for symbole, nom in symboles.undefsyms}
         self.internes = {nom for _, nom in symboles.nlists} - {nom for _, nom in symboles.undefsyms}
-
-    def selecteurs(self):
-        """Les sélecteurs que le code envoie."""
-        envoyes, textes = self.sections[b"__objc_selrefs"], self.sections[b"__objc_methname"]
-        for place in range(envoyes.offset, envoyes.offset + envoyes.size, 8):
-            adresse, = struct.unpack_from("<Q", self.octets, place)
-            yield chaine(self.octets, textes.offset + adresse - textes.addr)
 
     def signature(self):
         """Identifiant, options, empreintes des pages selon la signature, les mêmes recalculées."""
